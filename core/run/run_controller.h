@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "run/click_step.h"
+#include "window/ports.h"
+#include "window/window_model.h"
+
+namespace quorlin {
+
+// The largest interval a run timer takes, in milliseconds.
+inline constexpr std::int32_t kMaxTimerInterval = 65'535;
+
+// Starts and stops manual runs and handles the ticks of the two run timers.
+class RunController {
+public:
+    RunController(WindowModel& model, Ports ports, ClickStep& step) : m_(model), p_(ports), step_(step) {}
+
+    void StartManualRun();
+    void cmdStop_Click();
+    void tmrCount_Timer();
+    void tmrLoop_Timer();
+
+    // One draw of the random interval: floor(To x u + From), in milliseconds.
+    double randomInterval();
+
+private:
+    double manualInterval();
+    void clickOnce(const StepCondition& condition);
+
+    WindowModel& m_;
+    Ports p_;
+    ClickStep& step_;
+};
+
+// The whole milliseconds a run timer is set to for an interval: halves to even,
+// clamped to what the timer takes. Below zero the timer is not armed (0).
+std::int32_t timerInterval(double interval);
+
+}  // namespace quorlin

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "track/track_list.h"
+#include "window/ports.h"
+#include "window/window_model.h"
+
+namespace quorlin {
+
+// Adding, updating, removing, clearing and selecting the entries of the track list.
+class TrackEditor {
+public:
+    TrackEditor(WindowModel& model, Ports ports, TrackList& list) : m_(model), p_(ports), list_(list) {}
+
+    void cmdAddtoList_Click();
+    void cmdUpdate_Click();
+    void cmdRemove_Click();
+    void cmdClearTrackList_Click();
+    // A user's click on a cell; the clicked row becomes the current row first.
+    void fgResult_Click(int row, int col);
+    bool SplitInterval();
+
+private:
+    WindowModel& m_;
+    Ports p_;
+    TrackList& list_;
+};
+
+}  // namespace quorlin

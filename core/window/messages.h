@@ -1,0 +1,17 @@
+#pragma once
+
+namespace quorlin::msg {
+
+inline constexpr const char* kErrorInInput = "Error in input";
+inline constexpr const char* kMaxMinute = "Maximum interval is 1 minute";
+inline constexpr const char* kMaxSeconds = "Maximum interval is 60 seconds";
+inline constexpr const char* kMaxMiliseconds = "Maximum interval is 600 miliseconds";
+inline constexpr const char* kFromSecDecimal = "From Sec. must be decimal value";
+inline constexpr const char* kToSecDecimal = "To Sec. must be decimal value";
+inline constexpr const char* kFieldsIncorrect = "Input field are incorrect. Please enter a valid value.";
+inline constexpr const char* kSwitchOnCount =
+    "Please switch on '# of times' option button. Can not run Non-stop clicks in Track list.";
+inline constexpr const char* kSelectPicture = "Select a picture.Click 'Get Picture'.";
+inline constexpr const char* kMaxRows = "Maximum row count was exceeded.";
+
+}  // namespace quorlin::msg

@@ -1,0 +1,85 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "text/value_of_text.h"
+
+namespace quorlin {
+namespace {
+
+struct LeadingCase {
+    const char* text;
+    double value;
+};
+
+class LeadingNumber : public ::testing::TestWithParam<LeadingCase> {};
+
+TEST_P(LeadingNumber, ReadsTheNumberTheTextBeginsWith) {
+    EXPECT_DOUBLE_EQ(leadingNumber(GetParam().text), GetParam().value) << "text: [" << GetParam().text << "]";
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, LeadingNumber, ::testing::Values(
+    LeadingCase{"", 0}, LeadingCase{"abc", 0}, LeadingCase{"12abc", 12}, LeadingCase{"  -5", -5},
+    LeadingCase{"+7", 7}, LeadingCase{"1.5", 1.5}, LeadingCase{".5", 0.5}, LeadingCase{"1.2.3", 1.2},
+    LeadingCase{"1 2 3", 123}, LeadingCase{"\t4\n2", 42}, LeadingCase{"2e3", 2000}, LeadingCase{"2E-1x", 0.2},
+    LeadingCase{"2e", 2}, LeadingCase{"3d2", 300}, LeadingCase{"&H1F", 31}, LeadingCase{"&hff", 255},
+    LeadingCase{"&HFFFF", -1}, LeadingCase{"&H10000", 65536}, LeadingCase{"&HFFFFFFFF", -1},
+    LeadingCase{"&O17", 15}, LeadingCase{"&Hxyz", 0}, LeadingCase{"1,5", 1}, LeadingCase{"-", 0},
+    LeadingCase{"00042", 42}));
+
+struct WholeCase {
+    const char* text;
+    std::optional<double> value;
+};
+
+class WholeNumber : public ::testing::TestWithParam<WholeCase> {};
+
+TEST_P(WholeNumber, AcceptsOnlyATextThatIsANumberAsAWhole) {
+    NumberLocale comma{","};
+    auto got = wholeNumber(GetParam().text, comma);
+    ASSERT_EQ(got.has_value(), GetParam().value.has_value()) << "text: [" << GetParam().text << "]";
+    if (got) {
+        EXPECT_DOUBLE_EQ(*got, *GetParam().value);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Forms, WholeNumber, ::testing::Values(
+    WholeCase{"", std::nullopt}, WholeCase{"   ", std::nullopt}, WholeCase{"12abc", std::nullopt},
+    WholeCase{" 12 ", 12.0}, WholeCase{"-5", -5.0}, WholeCase{"+5", 5.0}, WholeCase{"12.5", 12.5},
+    WholeCase{"12,5", 12.5}, WholeCase{"1e3", 1000.0}, WholeCase{"1e", std::nullopt},
+    WholeCase{".", std::nullopt}, WholeCase{"-", std::nullopt}, WholeCase{"&H10", 16.0},
+    WholeCase{"&H", std::nullopt}, WholeCase{"1 2", std::nullopt}, WholeCase{"1.2.3", std::nullopt},
+    WholeCase{"1e999", std::nullopt}));
+
+TEST(WholeNumberLocale, APeriodAlwaysWorksAndOnlyTheLocaleAddsAComma) {
+    EXPECT_EQ(wholeNumber("2.5", NumberLocale{","}), 2.5);
+    EXPECT_EQ(wholeNumber("2,5", NumberLocale{"."}), std::nullopt);
+}
+
+TEST(Rounding, HalvesGoToTheEvenNeighbour) {
+    EXPECT_EQ(roundHalfEven(0.5), 0);
+    EXPECT_EQ(roundHalfEven(1.5), 2);
+    EXPECT_EQ(roundHalfEven(2.5), 2);
+    EXPECT_EQ(roundHalfEven(-2.5), -2);
+    EXPECT_EQ(roundHalfEven(-3.5), -4);
+    EXPECT_EQ(roundHalfEven(12.5), 12);
+    EXPECT_EQ(roundHalfEven(13.5), 14);
+    EXPECT_EQ(roundHalfEven(2.4999), 2);
+    EXPECT_EQ(roundHalfEven(-0.6), -1);
+}
+
+TEST(Rounding, IntoSixteenAndThirtyTwoBitsFailsOutsideTheRange) {
+    EXPECT_EQ(toInt16(32767.4), 32767);
+    EXPECT_EQ(toInt16(32767.5), std::nullopt);
+    EXPECT_EQ(toInt16(-32768.5), -32768);
+    EXPECT_EQ(toInt16(-32769), std::nullopt);
+    EXPECT_EQ(toInt16(40000), std::nullopt);
+    EXPECT_EQ(toInt32(2147483647.0), 2147483647);
+    EXPECT_EQ(toInt32(2147483648.0), std::nullopt);
+    EXPECT_EQ(toInt32(-2147483648.0), -2147483647 - 1);
+    EXPECT_EQ(toInt32(INFINITY), std::nullopt);
+    EXPECT_EQ(toInt32(NAN), std::nullopt);
+}
+
+}  // namespace
+}  // namespace quorlin
