@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ports/desktop.h"
+#include "x11/x11_connection.h"
+
+namespace quorlin::x11 {
+
+// The desktop operations on X11. Window messages become synthetic X events sent to
+// the target window; the real pointer and the focus are never touched.
+class X11Desktop : public Desktop {
+public:
+    explicit X11Desktop(X11Connection& connection);
+
+    WindowHandle windowFromPoint(ScreenPoint point) override;
+    ScreenPoint screenToClient(WindowHandle window, ScreenPoint point) override;
+    void postMessage(WindowHandle window, std::uint32_t code, std::uint32_t wParam, std::uint32_t lParam) override;
+    ScreenPoint cursorPos() override;
+    void setTopMost(WindowHandle window, bool topMost) override;
+    void openLink(const std::string& link) override;
+
+private:
+    X11Connection& x_;
+};
+
+}  // namespace quorlin::x11
