@@ -2,24 +2,36 @@
 
 #include <cstdint>
 
-#include "run/run_controller.h"
 #include "window/ports.h"
 #include "window/window_model.h"
 
 namespace quorlin {
 
-// Plays the track list row by row, each row as a counted run of its own.
+// Plays the track list row by row, each row as a counted run of its own on tmrCount.
+// The run stays inside the Start reaction; while a row waits for its clicks the
+// program sleeps in the event pump, so ticks, Stop and edits are handled meanwhile.
 class TrackRun {
 public:
-    TrackRun(WindowModel& model, Ports ports, RunController& controller)
-        : m_(model), p_(ports), controller_(controller) {}
+    TrackRun(WindowModel& model, Ports ports) : m_(model), p_(ports) {}
+
+    bool playing() const { return playing_; }
 
     void StartTrackRun();
+    void PlayTrackPass();
+    // Loads the current row into the step inputs and answers its interval in milliseconds.
+    double PrepareRowStep();
 
 private:
+    bool gateOpen() const;
+    void repeatPasses();
+    void passesUntilStop();
+    void playRowClicks(double interval);
+    double rowInterval(const std::string& cell);
+    bool ended() const { return m_.run.bStop || m_.closing; }
+
     WindowModel& m_;
     Ports p_;
-    RunController& controller_;
+    bool playing_ = false;
 };
 
 }  // namespace quorlin

@@ -12,7 +12,7 @@ FrmMain::FrmMain(Ports ports, NumberLocale locale)
       click_(m_, ports.desktop, ports.pump, image_),
       runs_(m_, ports, click_),
       list_(m_),
-      trackRun_(m_, ports, runs_),
+      trackRun_(m_, ports),
       help_(m_, ports.desktop),
       capture_(m_, ports),
       editor_(m_, ports, list_),
@@ -38,7 +38,10 @@ void FrmMain::Form_Unload() {
 
 void FrmMain::Form_Paint() { capture_.Form_Paint(); }
 
+// While the track list plays, Start would begin a second run inside the waiting of
+// the first (and a manual run would take over tmrCount); the run in progress carries on.
 void FrmMain::cmdStart_Click() {
+    if (trackRun_.playing()) return;
     m_.run.bStop = false;
     if (m_.form.selected(Ctl::optManual)) runs_.StartManualRun();
     else trackRun_.StartTrackRun();
