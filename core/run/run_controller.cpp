@@ -16,6 +16,14 @@ std::int32_t timerInterval(double interval) {
     return static_cast<std::int32_t>(std::min(rounded, static_cast<double>(kMaxTimerInterval)));
 }
 
+bool refuseTooLongInterval(double interval, RunState& run, Dialogs& dialogs) {
+    if (interval <= kMaxTimerInterval) return false;
+    dialogs.messageBox(msg::kMaxMinute);
+    run.bStop = true;
+    run.bCountDone = true;
+    return true;
+}
+
 double RunController::randomInterval() {
     return std::floor(m_.valueOf(C::txtToSec) * p_.random.next() + m_.valueOf(C::txtFromSec));
 }
@@ -30,12 +38,7 @@ void RunController::StartManualRun() {
     m_.manualCondition = {m_.form.value(C::chkRecImage) == 1, m_.picture.rect()};
 
     const double interval = manualInterval();
-    if (interval > kMaxTimerInterval) {
-        p_.dialogs.messageBox(msg::kMaxMinute);
-        m_.run.bStop = true;
-        m_.run.bCountDone = true;
-        return;
-    }
+    if (refuseTooLongInterval(interval, m_.run, p_.dialogs)) return;
     if (m_.form.selected(C::optLoop)) {
         p_.timers.setInterval(TimerId::tmrLoop, timerInterval(interval));
         return;

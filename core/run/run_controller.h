@@ -34,6 +34,10 @@ private:
     ClickStep& step_;
 };
 
+// An interval longer than a run timer takes: tells the user and ends the runs.
+// Answers whether that happened.
+bool refuseTooLongInterval(double interval, RunState& run, Dialogs& dialogs);
+
 // The whole milliseconds a run timer is set to for an interval: halves to even,
 // clamped to what the timer takes. Below zero the timer is not armed (0).
 std::int32_t timerInterval(double interval);

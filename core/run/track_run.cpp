@@ -87,12 +87,7 @@ void TrackRun::PlayTrackPass() {
         const int r = grid.row();
         m_.form.observer().gridChanged();
         const double interval = PrepareRowStep();
-        if (interval > kMaxTimerInterval) {
-            p_.dialogs.messageBox(msg::kMaxMinute);
-            m_.run.bStop = true;
-            m_.run.bCountDone = true;
-            return;
-        }
+        if (refuseTooLongInterval(interval, m_.run, p_.dialogs)) return;
         if (!m_.form.selected(C::optLoop)) playRowClicks(interval);
         if (r < grid.rowCount() - 1) grid.setRow(r + 1);
         else passDone = true;
