@@ -2,6 +2,7 @@
 
 #include "ports/desktop.h"
 #include "x11/x11_connection.h"
+#include "x11/x11_keyboard.h"
 
 namespace quorlin::x11 {
 
@@ -19,7 +20,14 @@ public:
     void openLink(const std::string& link) override;
 
 private:
+    void sendButton(Window target, int type, unsigned int button, unsigned int state, std::uint32_t lParam);
+    void sendCharacter(Window target, unsigned char code);
+    void sendKey(Window target, int type, const KeyStroke& stroke);
+    void setStateProperty(Window w, Atom state, Atom above, bool on);
+
     X11Connection& x_;
+    X11Keyboard keyboard_;
+    Window lastWasReturnTo_ = 0;
 };
 
 }  // namespace quorlin::x11

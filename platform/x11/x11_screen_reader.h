@@ -1,5 +1,9 @@
 #pragma once
 
+#include <memory>
+
+#include <X11/Xlib.h>
+
 #include "ports/screen_reader.h"
 #include "x11/x11_connection.h"
 
@@ -14,7 +18,18 @@ public:
     void readRect(const ScreenRect& rect, std::span<Colour> out) override;
 
 private:
+    struct Shm;
+    XImage* shmImage(int width, int height);
+    void releaseShm();
+    void convert(XImage* image, int w, int h, std::span<Colour> out, int outStride) const;
+
     X11Connection& x_;
+    int screenWidth_ = 0;
+    int screenHeight_ = 0;
+    Visual* visual_ = nullptr;
+    int depth_ = 0;
+    bool useShm_ = false;
+    std::unique_ptr<Shm> shm_;
 };
 
 }  // namespace quorlin::x11

@@ -1,0 +1,33 @@
+#include "x11/x11_connection.h"
+
+#include <atomic>
+#include <mutex>
+#include <stdexcept>
+
+namespace quorlin::x11 {
+
+namespace {
+
+std::atomic<unsigned long> errors{0};
+
+// A target window may vanish between looking it up and posting to it; Xlib's default
+// handler would end the program for that.
+int countAndIgnore(Display*, XErrorEvent*) {
+    ++errors;
+    return 0;
+}
+
+std::once_flag handlerInstalled;
+
+}  // namespace
+
+X11Connection::X11Connection(const char* displayName) : display_(XOpenDisplay(displayName)) {
+    if (!display_) throw std::runtime_error("cannot open the X display");
+    std::call_once(handlerInstalled, [] { XSetErrorHandler(countAndIgnore); });
+}
+
+X11Connection::~X11Connection() { XCloseDisplay(display_); }
+
+unsigned long X11Connection::errorCount() { return errors.load(); }
+
+}  // namespace quorlin::x11

@@ -1,0 +1,140 @@
+#include "x11/x11_screen_reader.h"
+
+#include <X11/Xutil.h>
+#include <X11/extensions/XShm.h>
+#include <sys/ipc.h>
+#include <sys/shm.h>
+
+#include <algorithm>
+#include <bit>
+
+namespace quorlin::x11 {
+
+namespace {
+
+// Where a colour channel sits in a pixel of the visual, and how wide it is.
+struct Channel {
+    int shift = 0;
+    int bits = 8;
+    explicit Channel(unsigned long mask) {
+        if (mask == 0) return;
+        shift = std::countr_zero(mask);
+        bits = std::popcount(mask);
+    }
+    std::uint32_t eightBits(unsigned long pixel) const {
+        const unsigned long value = (pixel >> shift) & ((1ul << bits) - 1);
+        return bits >= 8 ? static_cast<std::uint32_t>(value >> (bits - 8))
+                         : static_cast<std::uint32_t>((value * 255) / ((1ul << bits) - 1));
+    }
+};
+
+}  // namespace
+
+struct X11ScreenReader::Shm {
+    XShmSegmentInfo info{};
+    XImage* image = nullptr;
+    int width = 0;
+    int height = 0;
+};
+
+X11ScreenReader::X11ScreenReader(X11Connection& connection) : x_(connection) {
+    Display* d = x_.display();
+    XWindowAttributes root;
+    XGetWindowAttributes(d, x_.root(), &root);
+    screenWidth_ = root.width;
+    screenHeight_ = root.height;
+    visual_ = root.visual;
+    depth_ = root.depth;
+    useShm_ = XShmQueryExtension(d) == True;
+}
+
+X11ScreenReader::~X11ScreenReader() { releaseShm(); }
+
+void X11ScreenReader::releaseShm() {
+    if (!shm_) return;
+    XShmDetach(x_.display(), &shm_->info);
+    XSync(x_.display(), False);
+    XDestroyImage(shm_->image);
+    shmdt(shm_->info.shmaddr);
+    shm_.reset();
+}
+
+// One shared-memory image large enough for the request, kept for the next ones.
+XImage* X11ScreenReader::shmImage(int width, int height) {
+    if (shm_ && shm_->width >= width && shm_->height >= height) return shm_->image;
+    releaseShm();
+    auto shm = std::make_unique<Shm>();
+    Display* d = x_.display();
+    shm->image = XShmCreateImage(d, visual_, static_cast<unsigned>(depth_), ZPixmap, nullptr, &shm->info,
+                                 static_cast<unsigned>(width), static_cast<unsigned>(height));
+    if (!shm->image) return nullptr;
+    const std::size_t bytes = static_cast<std::size_t>(shm->image->bytes_per_line) * height;
+    shm->info.shmid = shmget(IPC_PRIVATE, bytes, IPC_CREAT | 0600);
+    if (shm->info.shmid < 0) {
+        XDestroyImage(shm->image);
+        return nullptr;
+    }
+    shm->info.shmaddr = shm->image->data = static_cast<char*>(shmat(shm->info.shmid, nullptr, 0));
+    shm->info.readOnly = False;
+    const unsigned long errorsBefore = X11Connection::errorCount();
+    const bool attached = XShmAttach(d, &shm->info) && (XSync(d, False), X11Connection::errorCount() == errorsBefore);
+    shmctl(shm->info.shmid, IPC_RMID, nullptr);
+    if (!attached) {
+        XDestroyImage(shm->image);
+        shmdt(shm->info.shmaddr);
+        return nullptr;
+    }
+    shm->width = width;
+    shm->height = height;
+    shm_ = std::move(shm);
+    return shm_->image;
+}
+
+void X11ScreenReader::readRect(const ScreenRect& rect, std::span<Colour> out) {
+    const int width = rect.width();
+    const int height = rect.height();
+    if (width == 0 || height == 0) return;
+    std::fill(out.begin(), out.end(), kOffScreen);
+
+    const int left = std::max(rect.left, 0);
+    const int top = std::max(rect.top, 0);
+    const int right = std::min(rect.right, screenWidth_ - 1);
+    const int bottom = std::min(rect.bottom, screenHeight_ - 1);
+    if (right < left || bottom < top) return;
+
+    const int w = right - left + 1;
+    const int h = bottom - top + 1;
+    XImage* image = useShm_ ? shmImage(w, h) : nullptr;
+    const bool fromShm = image && XShmGetImage(x_.display(), x_.root(), image, left, top, AllPlanes);
+    if (!fromShm) image = XGetImage(x_.display(), x_.root(), left, top, static_cast<unsigned>(w),
+                                    static_cast<unsigned>(h), AllPlanes, ZPixmap);
+    if (!image) return;
+    convert(image, w, h, out.subspan(static_cast<std::size_t>(top - rect.top) * width + (left - rect.left)), width);
+    if (!fromShm) XDestroyImage(image);
+}
+
+// Into 0x00BBGGRR; the usual 32-bit 0x00RRGGBB layout takes the short way.
+void X11ScreenReader::convert(XImage* image, int w, int h, std::span<Colour> out, int outStride) const {
+    const bool usual = image->bits_per_pixel == 32 && image->red_mask == 0xFF0000 && image->green_mask == 0xFF00 &&
+                       image->blue_mask == 0xFF && image->byte_order == LSBFirst;
+    const Channel red(image->red_mask);
+    const Channel green(image->green_mask);
+    const Channel blue(image->blue_mask);
+    for (int y = 0; y < h; ++y) {
+        Colour* row = out.data() + static_cast<std::size_t>(y) * outStride;
+        if (usual) {
+            const auto* src = reinterpret_cast<const std::uint32_t*>(image->data + static_cast<std::size_t>(y) * image->bytes_per_line);
+            for (int x = 0; x < w; ++x) {
+                const std::uint32_t p = src[x];
+                row[x] = static_cast<Colour>(((p & 0xFF) << 16) | (p & 0xFF00) | ((p >> 16) & 0xFF));
+            }
+            continue;
+        }
+        for (int x = 0; x < w; ++x) {
+            const unsigned long p = XGetPixel(image, x, y);
+            row[x] = static_cast<Colour>(red.eightBits(p) | (green.eightBits(p) << 8) | (blue.eightBits(p) << 16));
+        }
+    }
+}
+
+}  // namespace quorlin::x11

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace quorlin::testing {
+
+// A real window on its own connection that records the input events it receives.
+class RecordingWindow {
+public:
+    RecordingWindow(int x, int y, int width, int height, Window parent = None) : d_(XOpenDisplay(nullptr)) {
+        if (!d_) throw std::runtime_error("no X display: run the X11 tests under Xvfb");
+        if (parent == None) parent = DefaultRootWindow(d_);
+        XSetWindowAttributes a{};
+        a.override_redirect = True;  // placed exactly where asked, whatever window manager runs
+        a.background_pixel = WhitePixel(d_, DefaultScreen(d_));
+        a.event_mask = ButtonPressMask | ButtonReleaseMask | KeyPressMask | KeyReleaseMask | ExposureMask;
+        window_ = XCreateWindow(d_, parent, x, y, static_cast<unsigned>(width), static_cast<unsigned>(height), 0,
+                                CopyFromParent, InputOutput, CopyFromParent,
+                                CWOverrideRedirect | CWBackPixel | CWEventMask, &a);
+        XMapRaised(d_, window_);
+        XSync(d_, False);
+        waitFor(Expose, 1);
+        events_.clear();
+    }
+    ~RecordingWindow() {
+        if (window_) XDestroyWindow(d_, window_);
+        XCloseDisplay(d_);
+    }
+    RecordingWindow(const RecordingWindow&) = delete;
+    RecordingWindow& operator=(const RecordingWindow&) = delete;
+
+    Window id() const { return window_; }
+    Display* display() const { return d_; }
+    void destroy() {
+        XDestroyWindow(d_, window_);
+        XSync(d_, False);
+        window_ = 0;
+    }
+
+    // Collects events until `count` input events have arrived or the time is up.
+    const std::vector<XEvent>& receive(std::size_t count, int timeoutMs = 2000) {
+        auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
+        while (events_.size() < count && std::chrono::steady_clock::now() < until) {
+            while (XPending(d_)) {
+                XEvent e;
+                XNextEvent(d_, &e);
+                if (e.type != Expose) events_.push_back(e);
+            }
+            if (events_.size() < count) std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+        return events_;
+    }
+
+    // The text the key presses received so far spell, as the window's own lookup reads them.
+    std::string typed() {
+        std::string text;
+        for (XEvent& e : events_) {
+            if (e.type != KeyPress) continue;
+            char buffer[8];
+            KeySym sym = NoSymbol;
+            int n = XLookupString(&e.xkey, buffer, sizeof buffer, &sym, nullptr);
+            text.append(buffer, static_cast<std::size_t>(n));
+        }
+        return text;
+    }
+
+private:
+    void waitFor(int type, int count) {
+        auto until = std::chrono::steady_clock::now() + std::chrono::seconds(2);
+        int seen = 0;
+        while (seen < count && std::chrono::steady_clock::now() < until) {
+            while (XPending(d_)) {
+                XEvent e;
+                XNextEvent(d_, &e);
+                if (e.type == type) ++seen;
+            }
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+    }
+
+    Display* d_;
+    Window window_ = 0;
+    std::vector<XEvent> events_;
+};
+
+}  // namespace quorlin::testing

@@ -1,0 +1,124 @@
+#include <gtest/gtest.h>
+
+#include <X11/keysym.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "recording_window.h"
+#include "run/window_messages.h"
+#include "x11/x11_desktop.h"
+
+namespace quorlin::testing {
+namespace {
+
+using namespace wm;
+using x11::X11Connection;
+using x11::X11Desktop;
+
+class X11DesktopTest : public ::testing::Test {
+protected:
+    X11Connection connection;
+    X11Desktop desktop{connection};
+};
+
+TEST_F(X11DesktopTest, ButtonsArriveWithClientAndRootCoordinates) {
+    RecordingWindow target(200, 150, 120, 80);
+    WindowHandle w = desktop.windowFromPoint({230, 170});
+    ASSERT_EQ(w, target.id());
+    ScreenPoint client = desktop.screenToClient(w, {230, 170});
+    EXPECT_EQ(client, (ScreenPoint{30, 20}));
+
+    desktop.postMessage(w, WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(30, 20));
+    desktop.postMessage(w, WM_LBUTTONUP, 0, mouseLParam(30, 20));
+    desktop.postMessage(w, WM_LBUTTONDBLCLK, MK_LBUTTON, mouseLParam(30, 20));
+    desktop.postMessage(w, WM_RBUTTONDOWN, MK_RBUTTON, mouseLParam(-5, 10));
+    desktop.postMessage(w, WM_RBUTTONUP, 0, mouseLParam(-5, 10));
+    const auto& events = target.receive(5);
+    ASSERT_EQ(events.size(), 5u);
+    const int types[] = {ButtonPress, ButtonRelease, ButtonPress, ButtonPress, ButtonRelease};
+    const unsigned buttons[] = {1, 1, 1, 3, 3};
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(events[i].type, types[i]) << i;
+        EXPECT_EQ(events[i].xbutton.button, buttons[i]) << i;
+    }
+    EXPECT_EQ(events[0].xbutton.x, 30);
+    EXPECT_EQ(events[0].xbutton.y, 20);
+    EXPECT_EQ(events[0].xbutton.x_root, 230);
+    EXPECT_EQ(events[0].xbutton.y_root, 170);
+    EXPECT_EQ(events[3].xbutton.x, -5);
+    EXPECT_EQ(events[3].xbutton.x_root, 195);
+}
+
+TEST_F(X11DesktopTest, TheInnermostWindowUnderThePointIsFoundAndNoneOffAllWindows) {
+    RecordingWindow outer(400, 300, 200, 200);
+    RecordingWindow inner(50, 60, 40, 40, outer.id());
+    EXPECT_EQ(desktop.windowFromPoint({460, 370}), inner.id());
+    EXPECT_EQ(desktop.windowFromPoint({410, 310}), outer.id());
+    EXPECT_EQ(desktop.windowFromPoint({1270, 1010}), 0u);
+    EXPECT_EQ(desktop.screenToClient(0, {7, 8}), (ScreenPoint{7, 8}));
+}
+
+TEST_F(X11DesktopTest, EveryTypedCharacterArrivesOnceAsThatCharacter) {
+    RecordingWindow target(100, 100, 50, 50);
+    const std::string text = "aZ1 !\xE9\r\nx\ty";  // Windows-1252 codes, as the click step sends them
+    for (unsigned char c : text) {
+        desktop.postMessage(target.id(), WM_KEYDOWN, static_cast<std::uint32_t>(c - 32), kKeyLParam);
+        desktop.postMessage(target.id(), WM_CHAR, c, kKeyLParam);
+        desktop.postMessage(target.id(), WM_KEYUP, static_cast<std::uint32_t>(c - 32), kKeyLParam);
+    }
+    target.receive(2 * 10);
+    EXPECT_EQ(target.typed(), "aZ1 !\xE9\rx\ty");
+    std::size_t presses = 0, releases = 0;
+    for (const XEvent& e : target.receive(20)) {
+        presses += e.type == KeyPress;
+        releases += e.type == KeyRelease;
+    }
+    EXPECT_EQ(presses, 10u);
+    EXPECT_EQ(releases, 10u);
+}
+
+TEST_F(X11DesktopTest, AVanishedTargetNeitherCrashesNorStopsLaterPosts) {
+    RecordingWindow gone(10, 10, 20, 20);
+    const WindowHandle stale = gone.id();
+    gone.destroy();
+    desktop.postMessage(stale, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+    desktop.postMessage(stale, WM_CHAR, 'a', kKeyLParam);
+    (void)desktop.screenToClient(stale, {1, 1});
+    XSync(connection.display(), False);
+    EXPECT_GT(X11Connection::errorCount(), 0u);
+
+    RecordingWindow alive(10, 10, 20, 20);
+    desktop.postMessage(alive.id(), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+    EXPECT_EQ(alive.receive(1).size(), 1u);
+}
+
+TEST_F(X11DesktopTest, CursorPositionIsInScreenPixels) {
+    XWarpPointer(connection.display(), None, connection.root(), 0, 0, 0, 0, 321, 123);
+    XSync(connection.display(), False);
+    EXPECT_EQ(desktop.cursorPos(), (ScreenPoint{321, 123}));
+}
+
+TEST_F(X11DesktopTest, LinksGoToTheDesktopOpener) {
+    const auto dir = std::filesystem::temp_directory_path() / "quorlin-opener";
+    std::filesystem::create_directories(dir);
+    const auto script = dir / "opener";
+    const auto record = dir / "opened";
+    std::filesystem::remove(record);
+    std::ofstream(script) << "#!/bin/sh\nprintf '%s' \"$1\" > '" << record.string() << "'\n";
+    std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+    setenv("QUORLIN_OPENER", script.c_str(), 1);
+    desktop.openLink("mailto:someone@example.org?Subject=Feedback");
+    unsetenv("QUORLIN_OPENER");
+    for (int i = 0; i < 200 && !std::filesystem::exists(record); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    std::ifstream in(record);
+    std::string opened((std::istreambuf_iterator<char>(in)), {});
+    EXPECT_EQ(opened, "mailto:someone@example.org?Subject=Feedback");
+}
+
+}  // namespace
+}  // namespace quorlin::testing
