@@ -1,0 +1,77 @@
+#include "artwork.h"
+
+#include <QFont>
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace quorlin::qt {
+
+namespace {
+
+// A mouse pointer over a target ring: the emblem of the logo and the icon.
+void drawEmblem(QPainter& p, QRectF area) {
+    p.setRenderHint(QPainter::Antialiasing);
+    const QPointF centre = area.center();
+    const qreal r = std::min(area.width(), area.height()) / 2 - 1;
+    p.setPen(QPen(QColor(200, 30, 30), r / 6));
+    p.setBrush(Qt::NoBrush);
+    p.drawEllipse(centre, r * 0.85, r * 0.85);
+    p.drawEllipse(centre, r * 0.4, r * 0.4);
+    QPainterPath arrow;
+    const qreal s = r / 10;
+    arrow.moveTo(centre);
+    arrow.lineTo(centre + QPointF(0, 9 * s));
+    arrow.lineTo(centre + QPointF(2.3 * s, 6.8 * s));
+    arrow.lineTo(centre + QPointF(4 * s, 10 * s));
+    arrow.lineTo(centre + QPointF(5.5 * s, 9.3 * s));
+    arrow.lineTo(centre + QPointF(3.8 * s, 6.2 * s));
+    arrow.lineTo(centre + QPointF(6.8 * s, 6.2 * s));
+    arrow.closeSubpath();
+    p.setPen(QPen(Qt::black, std::max<qreal>(1, s / 2)));
+    p.setBrush(Qt::white);
+    p.drawPath(arrow);
+}
+
+}  // namespace
+
+QPixmap logoPixmap() {
+    QPixmap pixmap(108, 96);
+    pixmap.fill(Qt::transparent);
+    QPainter p(&pixmap);
+    drawEmblem(p, QRectF(24, 4, 60, 60));
+    QFont font("DejaVu Sans");
+    font.setPixelSize(17);
+    font.setBold(true);
+    p.setFont(font);
+    p.setPen(QColor(40, 40, 110));
+    p.drawText(QRectF(0, 66, 108, 26), Qt::AlignCenter, "Quorlin");
+    return pixmap;
+}
+
+QPixmap helpPixmap() {
+    QPixmap pixmap(19, 20);
+    pixmap.fill(Qt::transparent);
+    QPainter p(&pixmap);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(Qt::NoPen);
+    p.setBrush(QColor(40, 90, 200));
+    p.drawEllipse(QRectF(0.5, 1, 18, 18));
+    QFont font("DejaVu Sans");
+    font.setPixelSize(14);
+    font.setBold(true);
+    p.setFont(font);
+    p.setPen(Qt::white);
+    p.drawText(QRectF(0, 1, 19, 19), Qt::AlignCenter, "?");
+    return pixmap;
+}
+
+QIcon windowIcon() {
+    QPixmap pixmap(32, 32);
+    pixmap.fill(Qt::transparent);
+    QPainter p(&pixmap);
+    drawEmblem(p, QRectF(0, 0, 32, 32));
+    return QIcon(pixmap);
+}
+
+}  // namespace quorlin::qt

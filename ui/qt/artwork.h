@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QIcon>
+#include <QPixmap>
+
+namespace quorlin::qt {
+
+// Quorlin's own pictures, drawn at start-up.
+QPixmap logoPixmap();        // 108 x 96
+QPixmap helpPixmap();        // 19 x 20
+QIcon windowIcon();          // 32 x 32
+
+}  // namespace quorlin::qt
