@@ -27,7 +27,7 @@ QRect pixels(const TwipsRect& r) {
 // The window's fonts, with the nearest installed families where the classic ones are missing.
 QFont fontFor(FontRole role) {
     QFont font;
-    if (role == FontRole::BoldTahoma) font.setFamilies({"Tahoma", "DejaVu Sans", "Liberation Sans"});
+    if (role == FontRole::BoldTahoma) font.setFamilies({"Tahoma", "Liberation Sans", "DejaVu Sans"});
     else font.setFamilies({"MS Sans Serif", "Microsoft Sans Serif", "Liberation Sans", "DejaVu Sans"});
     font.setPointSizeF(8.25);
     font.setBold(role != FontRole::Default);
@@ -38,6 +38,16 @@ const QColor kLightYellow(255, 255, 192);
 
 QString toQt(const std::string& text) { return QString::fromStdString(text).replace("\r\n", "\n"); }
 std::string fromQt(const QString& text) { return QString(text).replace("\n", "\r\n").toStdString(); }
+
+// A caption wider than its button goes on two lines, as the classic buttons wrap theirs.
+void wrapCaption(QPushButton* button) {
+    const QString caption = button->text();
+    if (button->fontMetrics().horizontalAdvance(caption) <= button->width() - 6) return;
+    const int middle = static_cast<int>(caption.size()) / 2;
+    int split = static_cast<int>(caption.lastIndexOf(' ', middle));
+    if (split < 0) split = static_cast<int>(caption.indexOf(' ', middle));
+    if (split > 0) button->setText(caption.left(split) + "\n" + caption.mid(split + 1));
+}
 
 bool isReadout(Ctl id) { return id == Ctl::lblXPos || id == Ctl::lblYPos; }
 
@@ -121,9 +131,7 @@ void MainWindow::applyLook(const ControlLayout& layout, QWidget* widget) {
     QPalette palette = widget->palette();
     switch (layout.colours) {
         case ColourRole::YellowOnRed:
-            palette.setColor(QPalette::Window, Qt::red);
-            palette.setColor(QPalette::WindowText, kLightYellow);
-            widget->setAutoFillBackground(true);
+            widget->setStyleSheet("QRadioButton { background-color: rgb(255, 0, 0); color: rgb(255, 255, 192); }");
             break;
         case ColourRole::YellowBackground:
             palette.setColor(QPalette::Base, kLightYellow);
@@ -133,6 +141,7 @@ void MainWindow::applyLook(const ControlLayout& layout, QWidget* widget) {
         case ColourRole::Platform: break;
     }
     widget->setPalette(palette);
+    if (auto* button = qobject_cast<QPushButton*>(widget)) wrapCaption(button);
     if (layout.id == Ctl::cmdHelp) {
         auto* help = static_cast<QPushButton*>(widget);
         help->setIcon(QIcon(helpPixmap()));
