@@ -21,10 +21,10 @@ enum class Ctl : std::uint8_t {
     optFromTrack, optManual, frmTrack, optRepeatTrack, optLooptrack, txtTrackNum,
     cmdSave, cmdLoad, cmdStart, cmdStop,
     txtComments, txtComm2,
-    None,
+    frmMain,  // the window itself; also the number of controls
 };
 
-inline constexpr std::size_t kControlCount = static_cast<std::size_t>(Ctl::None);
+inline constexpr std::size_t kControlCount = static_cast<std::size_t>(Ctl::frmMain);
 
 inline constexpr std::size_t indexOf(Ctl c) { return static_cast<std::size_t>(c); }
 

@@ -8,7 +8,7 @@ namespace {
 
 using K = ControlKind;
 using C = Ctl;
-constexpr Ctl W = Ctl::None;
+constexpr Ctl W = Ctl::frmMain;
 
 constexpr std::array<ControlLayout, kControlCount> kLayout = {{
     {C::Picture1, "Picture1", K::PictureBox, W, "", {75, 0, 1620, 1440}, FontRole::Default, ColourRole::WindowBackground},

@@ -33,7 +33,7 @@ struct ControlLayout {
     Ctl id;
     const char* name;
     ControlKind kind;
-    Ctl parent;  // Ctl::None: the window itself
+    Ctl parent;  // Ctl::frmMain: the window itself
     const char* caption;
     TwipsRect rect;
     FontRole font = FontRole::Default;

@@ -63,7 +63,7 @@ MainWindow::MainWindow(FrmMain& frm) : frm_(frm) {
     setCentralWidget(client);
 
     for (const ControlLayout& layout : windowLayout()) {
-        QWidget* parent = layout.parent == Ctl::None ? client : widgetFor(layout.parent);
+        QWidget* parent = layout.parent == Ctl::frmMain ? client : widgetFor(layout.parent);
         QWidget* widget = createControl(layout, parent);
         widgets_[indexOf(layout.id)] = widget;
         widget->setObjectName(layout.name);
