@@ -20,6 +20,10 @@ public:
     bool SplitInterval();
 
 private:
+    // Each shows its refusal and answers false when the fields cannot become an entry.
+    bool countSelected();
+    bool pictureFits();
+
     WindowModel& m_;
     Ports p_;
     TrackList& list_;

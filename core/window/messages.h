@@ -13,5 +13,8 @@ inline constexpr const char* kSwitchOnCount =
     "Please switch on '# of times' option button. Can not run Non-stop clicks in Track list.";
 inline constexpr const char* kSelectPicture = "Select a picture.Click 'Get Picture'.";
 inline constexpr const char* kMaxRows = "Maximum row count was exceeded.";
+// Our own wording for a failure the user did not cause by a refused input.
+inline constexpr const char* kIntervalOverflow = "Overflow: the interval is too large to be counted.";
+inline constexpr const char* kPictureTooLarge = "The captured picture is too large to be kept with the step.";
 
 }  // namespace quorlin::msg

@@ -1,0 +1,110 @@
+#include "track/row_loader.h"
+
+#include <optional>
+#include <string>
+#include <utility>
+
+namespace quorlin {
+
+namespace {
+
+using C = Ctl;
+
+// The text before the first colon and the whole text after it.
+std::optional<std::pair<std::string, std::string>> splitAtColon(const std::string& s) {
+    const auto colon = s.find(':');
+    if (colon == std::string::npos) return std::nullopt;
+    return std::pair{s.substr(0, colon), s.substr(colon + 1)};
+}
+
+}  // namespace
+
+void RowLoader::loadCurrentRow() {
+    m_.form.setText(C::txtX, cell(colX));
+    m_.form.setText(C::txtY, cell(colY));
+    if (!SplitInterval()) return;
+    loadClickKind();
+    m_.form.setText(C::txtCount, cell(colRep));
+    loadTyping();
+    loadImage();
+    m_.form.observer().pictureBoxChanged();
+}
+
+bool RowLoader::SplitInterval() {
+    const auto first = splitAtColon(cell(colInterval));
+    if (!first) return false;
+    if (m_.form.selected(C::optRandom)) {
+        m_.form.setText(C::txtFromSec, first->first);
+        m_.form.setText(C::txtToSec, first->second);
+        return true;
+    }
+    const auto rest = splitAtColon(first->second);
+    if (!rest) return false;
+    m_.form.setText(C::txtMinutes, first->first);
+    m_.form.setText(C::txtSeconds, rest->first);
+    m_.form.setText(C::txtMiliseconds, rest->second);
+    return true;
+}
+
+// Anything but the two exact names is a right click, "click" included.
+void RowLoader::loadClickKind() {
+    const std::string& type = cell(colType);
+    if (type == kClick) m_.form.selectOption(C::optClick);
+    else if (type == kDBClick) m_.form.selectOption(C::optDbClick);
+    else m_.form.selectOption(C::optRightClick);
+}
+
+// The typing switch is set here too: the check box reacts only when its value changes.
+void RowLoader::loadTyping() {
+    const bool fill = cell(colFill) == "Yes";
+    m_.form.setCheck(C::chkText, fill ? 1 : 0);
+    m_.step.bTypeText = fill;
+    m_.form.setText(C::txtText, fill ? cell(colText) : std::string());
+}
+
+void RowLoader::loadImage() {
+    if (cell(colImage) != "Yes") return dropImage();
+    const auto r = static_cast<std::size_t>(m_.fgResult.row());
+    m_.form.setCheck(C::chkRecImage, 1);
+    loadEntryPicture(r);
+    m_.form.selectOption(m_.rows.lRowInclude[r] == -1 ? C::optImageInclude : C::optImageNotInclude);
+    const auto& rect = m_.rows.lRowRect[r];
+    m_.form.setText(C::txtTopX, std::to_string(rect[0]));
+    m_.form.setText(C::txtTopY, std::to_string(rect[1]));
+    m_.form.setText(C::txtBottomX, std::to_string(rect[2]));
+    m_.form.setText(C::txtBottomY, std::to_string(rect[3]));
+    ReferencePicture& picture = m_.picture;
+    picture.iTopX = static_cast<std::int16_t>(rect[0]);
+    picture.iTopY = static_cast<std::int16_t>(rect[1]);
+    picture.iBottomX = static_cast<std::int16_t>(rect[2]);
+    picture.iBottomY = static_cast<std::int16_t>(rect[3]);
+}
+
+// Painted over what the box shows: the box is not cleared first.
+void RowLoader::loadEntryPicture(std::size_t r) {
+    const RowPicture& entry = m_.rows.lRowPixels[r];
+    ReferencePicture& picture = m_.picture;
+    picture.iPicMaxX = static_cast<std::int16_t>(entry.lastX);
+    picture.iPicMaxY = static_cast<std::int16_t>(entry.lastY);
+    for (int x = 0; x <= entry.lastX; ++x) {
+        for (int y = 0; y <= entry.lastY; ++y) {
+            if (!ReferencePicture::inStore(x, y)) continue;
+            picture.pixel(x, y) = entry.at(x, y);
+            m_.pictureBox.setPixel(x, y, entry.at(x, y));
+        }
+    }
+}
+
+// The reference pixels stay: only the rectangle is forgotten.
+void RowLoader::dropImage() {
+    m_.pictureBox.clear();
+    ReferencePicture& picture = m_.picture;
+    picture.iTopX = picture.iBottomX = picture.iTopY = picture.iBottomY = 0;
+    m_.form.setText(C::txtTopX, "");
+    m_.form.setText(C::txtBottomX, "");
+    m_.form.setText(C::txtTopY, "");
+    m_.form.setText(C::txtBottomY, "");
+    m_.form.setCheck(C::chkRecImage, 0);
+}
+
+}  // namespace quorlin
