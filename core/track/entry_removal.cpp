@@ -26,8 +26,7 @@ void moveSlot(RowStores& rows, std::size_t from, std::size_t to) {
 
 void emptyTheOnlyEntry(WindowModel& m) {
     for (int c = 0; c < kGridColumns; ++c) m.fgResult.setCell(1, c, std::string());
-    m.rows.sRowCells[1].fill(std::string());
-    m.rows.bRowImage[1] = false;
+    forgetSlot(m.rows, 1);
     m.vFirstRowUsed = false;
 }
 

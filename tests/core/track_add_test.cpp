@@ -35,6 +35,11 @@ const Refusal kRefusals[] = {
          t.w.type(C::txtMinutes, "35000");
          t.w.type(C::txtSeconds, "1000000");
      }, msg::kIntervalOverflow},
+    {"PictureBeyondItsStore", [](TrackAddTest& t) {
+         t.m().picture.iPicMaxX = 1;
+         t.m().picture.iBottomX = kPictureSide;
+         noPicture(t);
+     }, msg::kPictureTooLarge},
     {"NegativeOverflow", [](TrackAddTest& t) { t.w.type(C::txtMinutes, "-40000"); }, msg::kIntervalOverflow},
 };
 
