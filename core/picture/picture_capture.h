@@ -1,5 +1,8 @@
 #pragma once
 
+#include <optional>
+#include <vector>
+
 #include "window/ports.h"
 #include "window/window_model.h"
 
@@ -11,12 +14,19 @@ public:
     PictureCapture(WindowModel& model, Ports ports) : m_(model), p_(ports) {}
 
     bool ValidatePictureRect() const;
+    // Takes the rectangle of the four fields from the screen into the current picture.
     void cmdGetPic_Click();
+    // Draws the current picture into the picture box again.
     void Form_Paint();
 
 private:
+    std::optional<ScreenRect> requestedRect() const;
+    void store(const ScreenRect& rect);
+    void drawPicture(int lastX, int lastY);
+
     WindowModel& m_;
     Ports p_;
+    std::vector<Colour> buffer_;
 };
 
 }  // namespace quorlin

@@ -17,4 +17,7 @@ inline constexpr const char* kMaxRows = "Maximum row count was exceeded.";
 inline constexpr const char* kIntervalOverflow = "Overflow: the interval is too large to be counted.";
 inline constexpr const char* kPictureTooLarge = "The captured picture is too large to be kept with the step.";
 
+inline constexpr const char* kPictureRectOutOfLimits =
+    "The picture rectangle must lie within -32768 to 32767 and be at most 1001 x 1001 pixels.";
+
 }  // namespace quorlin::msg
