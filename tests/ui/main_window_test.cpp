@@ -171,6 +171,8 @@ TEST(MainWindowUi, ThePictureBoxShowsThePictureAgainAfterARepaint) {
 }  // namespace quorlin::testing
 
 int main(int argc, char** argv) {
+    // Widgets are tested off screen; the X11 suites test the real desktop.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
