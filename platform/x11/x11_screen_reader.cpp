@@ -32,9 +32,7 @@ struct Channel {
 
 struct X11ScreenReader::Shm {
     XShmSegmentInfo info{};
-    XImage* image = nullptr;
-    int width = 0;
-    int height = 0;
+    std::size_t capacity = 0;
 };
 
 X11ScreenReader::X11ScreenReader(X11Connection& connection) : x_(connection) {
@@ -54,40 +52,46 @@ void X11ScreenReader::releaseShm() {
     if (!shm_) return;
     XShmDetach(x_.display(), &shm_->info);
     XSync(x_.display(), False);
-    XDestroyImage(shm_->image);
     shmdt(shm_->info.shmaddr);
     shm_.reset();
 }
 
-// One shared-memory image large enough for the request, kept for the next ones.
-XImage* X11ScreenReader::shmImage(int width, int height) {
-    if (shm_ && shm_->width >= width && shm_->height >= height) return shm_->image;
+// A shared segment large enough for the request, kept for the next ones.
+bool X11ScreenReader::reserveShm(std::size_t bytes) {
+    if (shm_ && shm_->capacity >= bytes) return true;
     releaseShm();
     auto shm = std::make_unique<Shm>();
-    Display* d = x_.display();
-    shm->image = XShmCreateImage(d, visual_, static_cast<unsigned>(depth_), ZPixmap, nullptr, &shm->info,
-                                 static_cast<unsigned>(width), static_cast<unsigned>(height));
-    if (!shm->image) return nullptr;
-    const std::size_t bytes = static_cast<std::size_t>(shm->image->bytes_per_line) * height;
     shm->info.shmid = shmget(IPC_PRIVATE, bytes, IPC_CREAT | 0600);
-    if (shm->info.shmid < 0) {
-        XDestroyImage(shm->image);
-        return nullptr;
-    }
-    shm->info.shmaddr = shm->image->data = static_cast<char*>(shmat(shm->info.shmid, nullptr, 0));
+    if (shm->info.shmid < 0) return false;
+    shm->info.shmaddr = static_cast<char*>(shmat(shm->info.shmid, nullptr, 0));
     shm->info.readOnly = False;
+    Display* d = x_.display();
     const unsigned long errorsBefore = X11Connection::errorCount();
     const bool attached = XShmAttach(d, &shm->info) && (XSync(d, False), X11Connection::errorCount() == errorsBefore);
     shmctl(shm->info.shmid, IPC_RMID, nullptr);
     if (!attached) {
-        XDestroyImage(shm->image);
         shmdt(shm->info.shmaddr);
+        return false;
+    }
+    shm->capacity = bytes;
+    shm_ = std::move(shm);
+    return true;
+}
+
+// An image of exactly the requested size over the shared segment, or nothing.
+XImage* X11ScreenReader::shmImage(int width, int height) {
+    XImage* image = XShmCreateImage(x_.display(), visual_, static_cast<unsigned>(depth_), ZPixmap, nullptr, nullptr,
+                                    static_cast<unsigned>(width), static_cast<unsigned>(height));
+    if (!image) return nullptr;
+    const std::size_t bytes = static_cast<std::size_t>(image->bytes_per_line) * height;
+    XDestroyImage(image);
+    if (!reserveShm(bytes)) {
+        useShm_ = false;
         return nullptr;
     }
-    shm->width = width;
-    shm->height = height;
-    shm_ = std::move(shm);
-    return shm_->image;
+    image = XShmCreateImage(x_.display(), visual_, static_cast<unsigned>(depth_), ZPixmap, shm_->info.shmaddr,
+                            &shm_->info, static_cast<unsigned>(width), static_cast<unsigned>(height));
+    return image;
 }
 
 void X11ScreenReader::readRect(const ScreenRect& rect, std::span<Colour> out) {
@@ -106,11 +110,16 @@ void X11ScreenReader::readRect(const ScreenRect& rect, std::span<Colour> out) {
     const int h = bottom - top + 1;
     XImage* image = useShm_ ? shmImage(w, h) : nullptr;
     const bool fromShm = image && XShmGetImage(x_.display(), x_.root(), image, left, top, AllPlanes);
+    if (image && !fromShm) {
+        image->data = nullptr;
+        XDestroyImage(image);
+    }
     if (!fromShm) image = XGetImage(x_.display(), x_.root(), left, top, static_cast<unsigned>(w),
                                     static_cast<unsigned>(h), AllPlanes, ZPixmap);
     if (!image) return;
     convert(image, w, h, out.subspan(static_cast<std::size_t>(top - rect.top) * width + (left - rect.left)), width);
-    if (!fromShm) XDestroyImage(image);
+    if (fromShm) image->data = nullptr;  // the segment stays for the next read
+    XDestroyImage(image);
 }
 
 // Into 0x00BBGGRR; the usual 32-bit 0x00RRGGBB layout takes the short way.

@@ -20,6 +20,7 @@ public:
 private:
     struct Shm;
     XImage* shmImage(int width, int height);
+    bool reserveShm(std::size_t bytes);
     void releaseShm();
     void convert(XImage* image, int w, int h, std::span<Colour> out, int outStride) const;
 
