@@ -10,20 +10,20 @@ bool ImageCondition::ImageConditionMet(const StepCondition& condition, const Ref
 }
 
 // The whole rectangle is read and compared, every time. Pixels beyond the picture
-// store cannot be equal to anything stored, so they count as different.
+// store cannot be equal to anything stored, so a larger rectangle always differs.
 bool ImageCondition::screenDiffers(const ScreenRect& rect, const ReferencePicture& picture) {
     const int width = rect.width();
     const int height = rect.height();
     if (width == 0 || height == 0) return false;
     buffer_.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     screen_.readRect(rect, buffer_);
+    if (width > kPictureSide || height > kPictureSide) return true;
 
     bool differs = false;
     for (int dy = 0; dy < height; ++dy) {
-        const Colour* row = buffer_.data() + static_cast<std::size_t>(dy) * width;
-        for (int dx = 0; dx < width; ++dx) {
-            if (!ReferencePicture::inStore(dx, dy) || row[dx] != picture.pixel(dx, dy)) differs = true;
-        }
+        const Colour* seen = buffer_.data() + static_cast<std::size_t>(dy) * width;
+        const Colour* expected = picture.row(dy);
+        for (int dx = 0; dx < width; ++dx) differs |= seen[dx] != expected[dx];
     }
     return differs;
 }

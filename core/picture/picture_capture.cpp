@@ -68,9 +68,9 @@ void PictureCapture::store(const ScreenRect& rect) {
     const int rows = rect.height();
     buffer_.resize(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
     p_.screen.readRect(rect, buffer_);
-    for (int dx = 0; dx < columns; ++dx) {
-        Colour* column = &m_.picture.pixel(dx, 0);
-        for (int dy = 0; dy < rows; ++dy) column[dy] = buffer_[static_cast<std::size_t>(dy) * columns + dx];
+    for (int dy = 0; dy < rows; ++dy) {
+        const Colour* row = buffer_.data() + static_cast<std::size_t>(dy) * columns;
+        std::copy(row, row + columns, m_.picture.row(dy));
     }
     drawPicture(columns - 1, rows - 1);
 }

@@ -14,7 +14,7 @@ inline constexpr int kPictureSide = 1001;
 // taken from. Only dx 0..iPicMaxX, dy 0..iPicMaxY belong to the picture; the rest of
 // the store keeps what earlier, larger pictures left there.
 struct ReferencePicture {
-    // Column by column: pixel (dx, dy) at dx * kPictureSide + dy.
+    // Row by row, as the screen is read: pixel (dx, dy) at dy * kPictureSide + dx.
     std::vector<Colour> lPixels = std::vector<Colour>(kPictureSide * kPictureSide, 0);
     std::int16_t iPicMaxX = 0;
     std::int16_t iPicMaxY = 0;
@@ -24,8 +24,10 @@ struct ReferencePicture {
     std::int16_t iBottomY = 0;
 
     static bool inStore(int dx, int dy) { return dx >= 0 && dy >= 0 && dx < kPictureSide && dy < kPictureSide; }
-    Colour& pixel(int dx, int dy) { return lPixels[static_cast<std::size_t>(dx) * kPictureSide + dy]; }
-    Colour pixel(int dx, int dy) const { return lPixels[static_cast<std::size_t>(dx) * kPictureSide + dy]; }
+    Colour& pixel(int dx, int dy) { return lPixels[static_cast<std::size_t>(dy) * kPictureSide + dx]; }
+    Colour pixel(int dx, int dy) const { return lPixels[static_cast<std::size_t>(dy) * kPictureSide + dx]; }
+    Colour* row(int dy) { return lPixels.data() + static_cast<std::size_t>(dy) * kPictureSide; }
+    const Colour* row(int dy) const { return lPixels.data() + static_cast<std::size_t>(dy) * kPictureSide; }
     ScreenRect rect() const { return {iTopX, iTopY, iBottomX, iBottomY}; }
 };
 
