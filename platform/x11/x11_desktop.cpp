@@ -79,15 +79,23 @@ void X11Desktop::postMessage(WindowHandle window, std::uint32_t code, std::uint3
     XFlush(x_.display());
 }
 
-void X11Desktop::sendButton(Window target, int type, unsigned int button, unsigned int state, std::uint32_t lParam) {
+// Button and key events share their first fields; both are filled through the key view.
+XEvent X11Desktop::inputEvent(int type, Window target) const {
     XEvent event{};
+    XKeyEvent& e = event.xkey;
+    e.type = type;
+    e.display = x_.display();
+    e.window = target;
+    e.root = x_.root();
+    e.subwindow = None;
+    e.time = CurrentTime;
+    e.same_screen = True;
+    return event;
+}
+
+void X11Desktop::sendButton(Window target, int type, unsigned int button, unsigned int state, std::uint32_t lParam) {
+    XEvent event = inputEvent(type, target);
     XButtonEvent& b = event.xbutton;
-    b.type = type;
-    b.display = x_.display();
-    b.window = target;
-    b.root = x_.root();
-    b.subwindow = None;
-    b.time = CurrentTime;
     b.x = lParamX(lParam);
     b.y = lParamY(lParam);
     Window child = None;
@@ -97,7 +105,6 @@ void X11Desktop::sendButton(Window target, int type, unsigned int button, unsign
     }
     b.state = state;
     b.button = button;
-    b.same_screen = True;
     XSendEvent(x_.display(), target, False, type == ButtonPress ? ButtonPressMask : ButtonReleaseMask, &event);
 }
 
@@ -119,18 +126,11 @@ void X11Desktop::sendCharacter(Window target, unsigned char code) {
 }
 
 void X11Desktop::sendKey(Window target, int type, const KeyStroke& stroke) {
-    XEvent event{};
+    XEvent event = inputEvent(type, target);
     XKeyEvent& k = event.xkey;
-    k.type = type;
-    k.display = x_.display();
-    k.window = target;
-    k.root = x_.root();
-    k.subwindow = None;
-    k.time = CurrentTime;
     k.x = k.y = k.x_root = k.y_root = 1;
     k.state = stroke.state;
     k.keycode = stroke.keycode;
-    k.same_screen = True;
     XSendEvent(x_.display(), target, False, type == KeyPress ? KeyPressMask : KeyReleaseMask, &event);
 }
 

@@ -20,6 +20,7 @@ public:
     void openLink(const std::string& link) override;
 
 private:
+    XEvent inputEvent(int type, Window target) const;
     void sendButton(Window target, int type, unsigned int button, unsigned int state, std::uint32_t lParam);
     void sendCharacter(Window target, unsigned char code);
     void sendKey(Window target, int type, const KeyStroke& stroke);

@@ -33,42 +33,44 @@ void drawEmblem(QPainter& p, QRectF area) {
     p.drawPath(arrow);
 }
 
+void drawLabel(QPainter& p, QRectF area, int pixelSize, QColor colour, const QString& text) {
+    QFont font("DejaVu Sans");
+    font.setPixelSize(pixelSize);
+    font.setBold(true);
+    p.setFont(font);
+    p.setPen(colour);
+    p.drawText(area, Qt::AlignCenter, text);
+}
+
+QPixmap transparentPixmap(int width, int height) {
+    QPixmap pixmap(width, height);
+    pixmap.fill(Qt::transparent);
+    return pixmap;
+}
+
 }  // namespace
 
 QPixmap logoPixmap() {
-    QPixmap pixmap(108, 96);
-    pixmap.fill(Qt::transparent);
+    QPixmap pixmap = transparentPixmap(108, 96);
     QPainter p(&pixmap);
     drawEmblem(p, QRectF(24, 4, 60, 60));
-    QFont font("DejaVu Sans");
-    font.setPixelSize(17);
-    font.setBold(true);
-    p.setFont(font);
-    p.setPen(QColor(40, 40, 110));
-    p.drawText(QRectF(0, 66, 108, 26), Qt::AlignCenter, "Quorlin");
+    drawLabel(p, QRectF(0, 66, 108, 26), 17, QColor(40, 40, 110), "Quorlin");
     return pixmap;
 }
 
 QPixmap helpPixmap() {
-    QPixmap pixmap(19, 20);
-    pixmap.fill(Qt::transparent);
+    QPixmap pixmap = transparentPixmap(19, 20);
     QPainter p(&pixmap);
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(40, 90, 200));
     p.drawEllipse(QRectF(0.5, 1, 18, 18));
-    QFont font("DejaVu Sans");
-    font.setPixelSize(14);
-    font.setBold(true);
-    p.setFont(font);
-    p.setPen(Qt::white);
-    p.drawText(QRectF(0, 1, 19, 19), Qt::AlignCenter, "?");
+    drawLabel(p, QRectF(0, 1, 19, 19), 14, Qt::white, "?");
     return pixmap;
 }
 
 QIcon windowIcon() {
-    QPixmap pixmap(32, 32);
-    pixmap.fill(Qt::transparent);
+    QPixmap pixmap = transparentPixmap(32, 32);
     QPainter p(&pixmap);
     drawEmblem(p, QRectF(0, 0, 32, 32));
     return QIcon(pixmap);
