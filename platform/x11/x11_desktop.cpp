@@ -5,7 +5,6 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
-#include <cstdlib>
 #include <thread>
 #include <vector>
 
@@ -193,8 +192,7 @@ void X11Desktop::setStateProperty(Window w, Atom state, Atom above, bool on) {
 // The opener runs on its own; a thread reaps it so no zombie stays behind and the
 // window never waits for the browser or mail program.
 void X11Desktop::openLink(const std::string& link) {
-    const char* opener = std::getenv("QUORLIN_OPENER");
-    std::string program = opener && *opener ? opener : "xdg-open";
+    std::string program = "xdg-open";
     std::vector<char*> argv{program.data(), const_cast<char*>(link.c_str()), nullptr};
     pid_t pid = 0;
     if (posix_spawnp(&pid, program.c_str(), nullptr, nullptr, argv.data(), environ) != 0) return;
