@@ -1,8 +1,47 @@
 #include "project/project_commands.h"
 
+#include <fstream>
+#include <vector>
+
+#include "project/atomic_file.h"
+#include "project/project_reader.h"
+#include "project/project_writer.h"
+
 namespace quorlin {
 
-void ProjectCommands::cmdSave_Click() {}
-void ProjectCommands::cmdLoad_Click() {}
+namespace {
+FileDialogSettings projectDialog(const std::string& fileName) {
+    return {"Load Attachement", "Files (*.tpl)", "*.tpl", "tpl", fileName};
+}
+}  // namespace
+
+// Nothing is shown when saving fails; the former file is kept whole in that case.
+void ProjectCommands::cmdSave_Click() {
+    auto path = p_.dialogs.saveFile(projectDialog(m_.projectFileName));
+    if (!path) return;
+    m_.projectFileName = *path;
+    writeFileAtomically(*path, [this](std::ostream& out) { return ProjectWriter(out).write(m_); });
+    m_.form.observer().gridChanged();
+}
+
+// The list and the picture box are emptied before the dialog opens, as the window always did.
+void ProjectCommands::cmdLoad_Click() {
+    m_.fgResult.blankAll();
+    m_.pictureBox.clear();
+    list_.fColInit();
+    m_.form.observer().pictureBoxChanged();
+
+    auto path = p_.dialogs.openFile(projectDialog(m_.projectFileName));
+    if (!path) return;
+    m_.projectFileName = *path;
+    std::vector<char> buffer(1 << 16);
+    std::ifstream in;
+    in.rdbuf()->pubsetbuf(buffer.data(), static_cast<std::streamsize>(buffer.size()));
+    in.open(*path, std::ios::binary);
+    if (!in) return;
+    ProjectReader(in, m_, list_).read();
+    m_.form.observer().gridChanged();
+    m_.form.observer().pictureBoxChanged();
+}
 
 }  // namespace quorlin

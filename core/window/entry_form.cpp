@@ -83,6 +83,12 @@ void EntryForm::selectOption(Ctl option) {
     if (reactions_) reactions_->optionSelected(option);
 }
 
+void EntryForm::deselectOption(Ctl option) {
+    if (!at(option).selected) return;
+    at(option).selected = false;
+    changed(option);
+}
+
 void EntryForm::setCheck(Ctl checkBox, int value) {
     if (at(checkBox).value == value) return;
     at(checkBox).value = value;

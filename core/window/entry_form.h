@@ -51,6 +51,8 @@ public:
     // Selecting deselects the rest of the option's group; the reaction runs only when
     // the option becomes selected.
     void selectOption(Ctl option);
+    // Clears an option without selecting another of its group (a loaded file may say so).
+    void deselectOption(Ctl option);
     // Runs the check box's click reaction when the value changes.
     void setCheck(Ctl checkBox, int value);
     // Runs the field's change reaction when the text changes.

@@ -1,0 +1,73 @@
+#include "project/line_reader.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace quorlin {
+
+namespace {
+constexpr int kUnknown = 0;
+constexpr int kCrLf = 1;
+constexpr int kLf = 2;
+}  // namespace
+
+// Moves what is left to the front and reads more behind it; grows for very long lines.
+bool LineReader::fill() {
+    if (eof_) return false;
+    if (begin_ > 0) {
+        std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+        end_ -= begin_;
+        begin_ = 0;
+    }
+    if (end_ == buffer_.size()) buffer_.resize(buffer_.size() * 2);
+    in_.read(buffer_.data() + end_, static_cast<std::streamsize>(buffer_.size() - end_));
+    const auto got = static_cast<std::size_t>(in_.gcount());
+    end_ += got;
+    if (got == 0) eof_ = true;
+    return got > 0;
+}
+
+// Where the line starting at `from` ends and where the next one begins, within the buffer.
+bool LineReader::findLineEnd(std::size_t from, std::size_t& end, std::size_t& next) const {
+    const char* data = buffer_.data();
+    for (std::size_t i = from; i < end_; ++i) {
+        if (data[i] != '\n') continue;
+        if (mode_ == kCrLf && (i == begin_ || data[i - 1] != '\r')) continue;
+        end = mode_ == kCrLf ? i - 1 : i;
+        next = i + 1;
+        return true;
+    }
+    return false;
+}
+
+bool LineReader::atEnd() { return begin_ == end_ && !fill(); }
+
+bool LineReader::next(std::string_view& line) {
+    if (atEnd()) return false;
+    std::size_t searchFrom = begin_;
+    for (;;) {
+        if (mode_ == kUnknown) {
+            const char* lf = static_cast<const char*>(std::memchr(buffer_.data() + begin_, '\n', end_ - begin_));
+            if (lf) mode_ = (lf > buffer_.data() + begin_ && lf[-1] == '\r') ? kCrLf : kLf;
+        }
+        std::size_t lineEnd = 0;
+        std::size_t nextLine = 0;
+        if (mode_ != kUnknown && findLineEnd(searchFrom, lineEnd, nextLine)) {
+            line = std::string_view(buffer_.data() + begin_, lineEnd - begin_);
+            begin_ = nextLine;
+            return true;
+        }
+        searchFrom = end_;
+        const std::size_t consumed = begin_;
+        if (!fill()) break;
+        searchFrom -= consumed;
+        if (searchFrom > begin_) --searchFrom;  // a CR may have ended the previous chunk
+    }
+    // The last line of a file need not end with a line end.
+    spanning_.assign(buffer_.data() + begin_, end_ - begin_);
+    begin_ = end_;
+    line = spanning_;
+    return true;
+}
+
+}  // namespace quorlin

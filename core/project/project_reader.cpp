@@ -1,0 +1,222 @@
+#include "project/project_reader.h"
+
+#include <algorithm>
+
+#include "text/value_of_text.h"
+#include "text/windows1252.h"
+
+namespace quorlin {
+
+using C = Ctl;
+
+namespace {
+constexpr Ctl kCornerFields[] = {C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY};
+constexpr Ctl kStepTexts[] = {C::txtCount, C::txtX, C::txtY, C::txtMinutes, C::txtSeconds,
+                              C::txtMiliseconds, C::txtFromSec, C::txtToSec};
+bool inStoreRange(int index) { return index >= 0 && index < kPictureSide; }
+}  // namespace
+
+bool ProjectReader::read() {
+    if (!imageSettings() || !runSettings()) return false;
+    while (!lines_.atEnd())
+        if (!record()) return false;
+    return true;
+}
+
+std::optional<std::string_view> ProjectReader::line() {
+    std::string_view text;
+    if (!lines_.next(text)) return std::nullopt;
+    return text;
+}
+
+// A text value: Windows-1252 on disk; a lone LF inside it is a line break of the text.
+std::optional<std::string> ProjectReader::textLine() {
+    auto raw = line();
+    if (!raw) return std::nullopt;
+    std::string text = windows1252ToUtf8(*raw);
+    for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 2)) text.insert(at, 1, '\r');
+    return text;
+}
+
+std::optional<bool> ProjectReader::optionLine() {
+    auto raw = line();
+    if (!raw) return std::nullopt;
+    return *raw == "True";
+}
+
+std::optional<int> ProjectReader::checkLine() {
+    auto raw = line();
+    if (!raw) return std::nullopt;
+    if (raw->empty()) return 0;
+    auto value = wholeNumber(*raw, m_.locale);
+    if (!value) return std::nullopt;
+    return *value == 1 ? 1 : 0;
+}
+
+std::optional<std::int32_t> ProjectReader::includeLine() {
+    auto raw = line();
+    if (!raw) return std::nullopt;
+    if (raw->empty()) return 0;
+    auto value = wholeNumber(*raw, m_.locale);
+    if (!value) return std::nullopt;
+    return *value == -1 ? -1 : 0;
+}
+
+std::optional<std::int16_t> ProjectReader::leading16() {
+    auto raw = line();
+    if (!raw) return std::nullopt;
+    return toInt16(leadingNumber(*raw));
+}
+
+std::optional<std::int32_t> ProjectReader::leading32() {
+    auto raw = line();
+    if (!raw) return std::nullopt;
+    return toInt32(leadingNumber(*raw));
+}
+
+std::optional<std::int32_t> ProjectReader::strict32() {
+    auto raw = line();
+    if (!raw) return std::nullopt;
+    if (raw->empty()) return 0;
+    auto value = wholeNumber(*raw, m_.locale);
+    if (!value) return std::nullopt;
+    return toInt32(*value);
+}
+
+// Selected or not, as the line says.
+bool ProjectReader::setOption(Ctl option) {
+    auto selected = optionLine();
+    if (!selected) return false;
+    if (*selected) m_.form.selectOption(option);
+    else m_.form.deselectOption(option);
+    return true;
+}
+
+bool ProjectReader::textField(Ctl field) {
+    auto text = textLine();
+    if (!text) return false;
+    m_.form.setText(field, std::move(*text));
+    return true;
+}
+
+bool ProjectReader::imageSettings() {
+    if (!setOption(C::optImageInclude) || !setOption(C::optImageNotInclude)) return false;
+    std::int16_t* corners[] = {&m_.picture.iTopX, &m_.picture.iTopY, &m_.picture.iBottomX, &m_.picture.iBottomY};
+    for (int i = 0; i < 4; ++i) {
+        if (!textField(kCornerFields[i])) return false;
+        auto corner = toInt16(leadingNumber(m_.form.text(kCornerFields[i])));
+        if (!corner) return false;
+        *corners[i] = *corner;
+    }
+    auto check = checkLine();
+    if (!check) return false;
+    m_.form.setCheck(C::chkRecImage, *check);
+    return *check != 1 || picture();
+}
+
+bool ProjectReader::picture() {
+    ReferencePicture& picture = m_.picture;
+    auto lastX = leading16();
+    if (!lastX) return false;
+    picture.iPicMaxX = *lastX;
+    auto lastY = leading16();
+    if (!lastY) return false;
+    picture.iPicMaxY = *lastY;
+    m_.form.setEnabled(C::picScreen, true);
+    for (int x = 0; x <= picture.iPicMaxX && picture.iPicMaxY >= 0; ++x) {
+        for (int y = 0; y <= picture.iPicMaxY; ++y) {
+            auto raw = line();
+            if (!raw || !inStoreRange(x) || !inStoreRange(y)) return false;
+            auto colour = toInt32(leadingNumber(*raw));
+            if (!colour) return false;
+            picture.pixel(x, y) = *colour;
+            m_.pictureBox.setPixel(x, y, *colour);
+        }
+    }
+    return true;
+}
+
+bool ProjectReader::runSettings() {
+    for (Ctl interval : {C::optRandom, C::optCustom}) {
+        auto selected = optionLine();
+        if (!selected) return false;
+        if (*selected) m_.form.selectOption(interval);
+    }
+    auto web = optionLine();
+    if (!web) return false;
+    m_.form.selectOption(*web ? C::optWeb : C::optApplication);
+    auto typing = checkLine();
+    if (!typing) return false;
+    m_.form.setCheck(C::chkText, *typing);
+    if (!textField(C::txtText)) return false;
+    for (Ctl o : {C::optManual, C::optFromTrack, C::optLooptrack, C::optRepeatTrack})
+        if (!setOption(o)) return false;
+    if (!textField(C::txtTrackNum)) return false;
+
+    auto count = optionLine();
+    if (!count || !optionLine()) return false;
+    m_.form.selectOption(*count ? C::optCount : C::optLoop);
+    auto click = optionLine();
+    auto dbClick = optionLine();
+    if (!click || !dbClick || !optionLine()) return false;
+    m_.form.selectOption(*click ? C::optClick : *dbClick ? C::optDbClick : C::optRightClick);
+    for (Ctl field : kStepTexts)
+        if (!textField(field)) return false;
+    return true;
+}
+
+bool ProjectReader::record() {
+    TrackGrid& grid = m_.fgResult;
+    if (list_.entryCount() >= kMaxEntries) return false;
+    const int r = list_.growForNewEntry();
+    grid.setCol(0);
+    grid.setRow(r);
+    for (int c = 0; c < kGridColumns; ++c) {
+        grid.setCol(c);
+        auto cell = textLine();
+        if (!cell) return false;
+        grid.setCell(r, c, *cell);
+        m_.rows.sRowCells[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)] = std::move(*cell);
+    }
+    if (!line() || !line()) return false;
+    if (grid.currentCell() == "Yes") {
+        if (!rowPicture(r)) return false;
+        m_.rows.bRowImage[static_cast<std::size_t>(r)] = true;
+    } else {
+        m_.rows.bRowImage[static_cast<std::size_t>(r)] = false;
+    }
+    m_.vFirstRowUsed = true;
+    return true;
+}
+
+// A size beyond the store ends the load at its first pixel past index 1000; the row
+// keeps only what fits, so nothing is ever stored outside its picture.
+bool ProjectReader::rowPicture(int r) {
+    auto lastX = leading32();
+    auto lastY = lastX ? leading32() : std::nullopt;
+    if (!lastY) return false;
+    RowPicture& picture = m_.rows.lRowPixels[static_cast<std::size_t>(r)];
+    picture.resize(std::min(*lastX, kPictureSide - 1), std::min(*lastY, kPictureSide - 1));
+    const std::int32_t readX = *lastX;
+    const std::int32_t readY = *lastY;
+    for (std::int32_t x = 0; x <= readX && readY >= 0; ++x) {
+        for (std::int32_t y = 0; y <= readY; ++y) {
+            if (!inStoreRange(x) || !inStoreRange(y)) return false;
+            auto colour = strict32();
+            if (!colour) return false;
+            picture.at(x, y) = *colour;
+            m_.picture.pixel(x, y) = *colour;
+        }
+    }
+    auto include = includeLine();
+    if (!include) return false;
+    m_.rows.lRowInclude[static_cast<std::size_t>(r)] = *include;
+    for (std::int32_t& corner : m_.rows.lRowRect[static_cast<std::size_t>(r)]) {
+        auto value = leading32();
+        if (!value) return false;
+        corner = *value;
+    }
+    return true;
+}
+
+}  // namespace quorlin

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <istream>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "project/line_reader.h"
+#include "track/track_list.h"
+#include "window/window_model.h"
+
+namespace quorlin {
+
+// Reads a project file back into the window, position by position, through the same
+// control changes the user makes, so every reaction runs in file order. It stops at
+// the first line that is missing or unreadable and keeps what it has set so far.
+class ProjectReader {
+public:
+    ProjectReader(std::istream& in, WindowModel& model, TrackList& list) : lines_(in), m_(model), list_(list) {}
+
+    // False when the file ended early or held something unreadable.
+    bool read();
+
+private:
+    bool imageSettings();
+    bool picture();
+    bool runSettings();
+    bool record();
+    bool rowPicture(int r);
+
+    std::optional<std::string_view> line();
+    std::optional<std::string> textLine();
+    std::optional<bool> optionLine();
+    std::optional<int> checkLine();
+    std::optional<std::int32_t> includeLine();
+    std::optional<std::int16_t> leading16();
+    std::optional<std::int32_t> leading32();
+    std::optional<std::int32_t> strict32();
+    bool setOption(Ctl option);
+    bool textField(Ctl field);
+
+    LineReader lines_;
+    WindowModel& m_;
+    TrackList& list_;
+};
+
+}  // namespace quorlin

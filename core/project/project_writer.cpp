@@ -1,0 +1,115 @@
+#include "project/project_writer.h"
+
+#include <charconv>
+
+#include "text/windows1252.h"
+
+namespace quorlin {
+
+using C = Ctl;
+
+namespace {
+constexpr Ctl kImageTexts[] = {C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY};
+constexpr Ctl kStepTexts[] = {C::txtCount, C::txtX, C::txtY, C::txtMinutes, C::txtSeconds,
+                              C::txtMiliseconds, C::txtFromSec, C::txtToSec};
+bool inStoreRange(int index) { return index >= 0 && index < kPictureSide; }
+}  // namespace
+
+bool ProjectWriter::write(WindowModel& m) {
+    if (!imageSettings(m)) return false;
+    runSettings(m.form);
+    return records(m) && flush();
+}
+
+bool ProjectWriter::imageSettings(const WindowModel& m) {
+    option(m.form.selected(C::optImageInclude));
+    option(m.form.selected(C::optImageNotInclude));
+    for (Ctl field : kImageTexts) text(m.form.text(field));
+    check(m.form.value(C::chkRecImage));
+    return m.form.value(C::chkRecImage) != 1 || picture(m.picture);
+}
+
+bool ProjectWriter::picture(const ReferencePicture& picture) {
+    integer(picture.iPicMaxX);
+    integer(picture.iPicMaxY);
+    for (int x = 0; x <= picture.iPicMaxX; ++x) {
+        for (int y = 0; y <= picture.iPicMaxY; ++y) {
+            if (!inStoreRange(x) || !inStoreRange(y)) return false;
+            integer(picture.pixel(x, y));
+        }
+        if (buffer_.size() >= kFlushAt && !flush()) return false;
+    }
+    return true;
+}
+
+void ProjectWriter::runSettings(const EntryForm& form) {
+    option(form.selected(C::optRandom));
+    option(form.selected(C::optCustom));
+    option(form.selected(C::optWeb));
+    check(form.value(C::chkText));
+    text(form.text(C::txtText));
+    for (Ctl o : {C::optManual, C::optFromTrack, C::optLooptrack, C::optRepeatTrack}) option(form.selected(o));
+    text(form.text(C::txtTrackNum));
+    for (Ctl o : {C::optCount, C::optLoop, C::optClick, C::optDbClick, C::optRightClick}) option(form.selected(o));
+    for (Ctl field : kStepTexts) text(form.text(field));
+}
+
+bool ProjectWriter::records(WindowModel& m) {
+    TrackGrid& grid = m.fgResult;
+    const int rowCount = grid.rowCount();
+    for (int r = 1; r < rowCount; ++r) {
+        grid.setRow(r);
+        for (int c = 0; c < kGridColumns; ++c) {
+            grid.setCol(c);
+            text(grid.currentCell());
+        }
+        if (r >= kMaxGridRows) return false;
+        option(m.rows.bRowImage[static_cast<std::size_t>(r)]);
+        text(m.rows.sRowCells[static_cast<std::size_t>(r)][colImage]);
+        if (grid.currentCell() == "Yes" && !rowPicture(m.rows, r)) return false;
+        if (!flush()) return false;
+    }
+    return true;
+}
+
+bool ProjectWriter::rowPicture(const RowStores& rows, int r) {
+    const RowPicture& picture = rows.lRowPixels[static_cast<std::size_t>(r)];
+    integer(picture.lastX);
+    integer(picture.lastY);
+    for (int x = 0; x <= picture.lastX && picture.lastY >= 0; ++x) {
+        for (int y = 0; y <= picture.lastY; ++y) {
+            if (!inStoreRange(x) || !inStoreRange(y)) return false;
+            integer(picture.at(x, y));
+        }
+        if (buffer_.size() >= kFlushAt && !flush()) return false;
+    }
+    integer(rows.lRowInclude[static_cast<std::size_t>(r)]);
+    for (std::int32_t corner : rows.lRowRect[static_cast<std::size_t>(r)]) integer(corner);
+    return true;
+}
+
+void ProjectWriter::text(std::string_view value) {
+    std::string bytes = utf8ToWindows1252(value);
+    for (std::size_t at = bytes.find("\r\n"); at != std::string::npos; at = bytes.find("\r\n", at))
+        bytes.erase(at, 1);
+    line(bytes);
+}
+
+void ProjectWriter::integer(long long value) {
+    char digits[24];
+    auto [end, error] = std::to_chars(digits, digits + sizeof digits, value);
+    line(std::string_view(digits, static_cast<std::size_t>(end - digits)));
+}
+
+void ProjectWriter::line(std::string_view bytes) {
+    buffer_.append(bytes);
+    buffer_.append("\r\n");
+}
+
+bool ProjectWriter::flush() {
+    out_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
+    buffer_.clear();
+    return static_cast<bool>(out_);
+}
+
+}  // namespace quorlin
