@@ -31,13 +31,39 @@ bool LineReader::fill() {
 bool LineReader::findLineEnd(std::size_t from, std::size_t& end, std::size_t& next) const {
     const char* data = buffer_.data();
     for (std::size_t i = from; i < end_; ++i) {
-        if (data[i] != '\n') continue;
+        const void* lf = std::memchr(data + i, '\n', end_ - i);
+        if (!lf) return false;
+        i = static_cast<std::size_t>(static_cast<const char*>(lf) - data);
         if (mode_ == kCrLf && (i == begin_ || data[i - 1] != '\r')) continue;
         end = mode_ == kCrLf ? i - 1 : i;
         next = i + 1;
         return true;
     }
     return false;
+}
+
+std::optional<std::int32_t> LineReader::nextPlainInteger() {
+    if (mode_ == kUnknown || (end_ - begin_ < 16 && !eof_ && (fill(), end_ - begin_ < 16))) return std::nullopt;
+    const char* p = buffer_.data() + begin_;
+    const char* last = buffer_.data() + end_;
+    const bool negative = p < last && *p == '-';
+    if (negative) ++p;
+    const char* digits = p;
+    std::int64_t value = 0;
+    while (p < last && static_cast<unsigned>(*p - '0') <= 9 && p - digits < 11) value = value * 10 + (*p++ - '0');
+    const std::ptrdiff_t count = p - digits;
+    if (count == 0 || count > 10) return std::nullopt;
+    if (mode_ == kCrLf) {
+        if (last - p < 2 || p[0] != '\r' || p[1] != '\n') return std::nullopt;
+        p += 2;
+    } else {
+        if (p == last || *p != '\n') return std::nullopt;
+        ++p;
+    }
+    value = negative ? -value : value;
+    if (value < INT32_MIN || value > INT32_MAX) return std::nullopt;
+    begin_ = static_cast<std::size_t>(p - buffer_.data());
+    return static_cast<std::int32_t>(value);
 }
 
 bool LineReader::atEnd() { return begin_ == end_ && !fill(); }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <istream>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +19,9 @@ public:
     // The next line without its line end; false when the file has no bytes left.
     bool next(std::string_view& line);
     bool atEnd();
+    // The next line when it is a plain integer ("-" and up to ten digits, fitting 32 bits),
+    // read in one pass; nothing, and the line left unread, otherwise.
+    std::optional<std::int32_t> nextPlainInteger();
 
 private:
     bool fill();

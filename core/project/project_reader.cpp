@@ -1,6 +1,7 @@
 #include "project/project_reader.h"
 
 #include <algorithm>
+#include <cstdint>
 
 #include "text/value_of_text.h"
 #include "text/windows1252.h"
@@ -14,6 +15,23 @@ constexpr Ctl kCornerFields[] = {C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBo
 constexpr Ctl kStepTexts[] = {C::txtCount, C::txtX, C::txtY, C::txtMinutes, C::txtSeconds,
                               C::txtMiliseconds, C::txtFromSec, C::txtToSec};
 bool inStoreRange(int index) { return index >= 0 && index < kPictureSide; }
+
+// Pixel lines are plain integers almost always; those take the short way, anything
+// else goes through the full rules of the line's kind.
+std::optional<std::int32_t> plainInteger(std::string_view line) {
+    const bool negative = !line.empty() && line.front() == '-';
+    if (negative) line.remove_prefix(1);
+    if (line.empty() || line.size() > 10) return std::nullopt;
+    std::int64_t value = 0;
+    for (char c : line) {
+        const unsigned digit = static_cast<unsigned char>(c) - '0';
+        if (digit > 9) return std::nullopt;
+        value = value * 10 + digit;
+    }
+    value = negative ? -value : value;
+    if (value < INT32_MIN || value > INT32_MAX) return std::nullopt;
+    return static_cast<std::int32_t>(value);
+}
 }  // namespace
 
 bool ProjectReader::read() {
@@ -71,6 +89,7 @@ std::optional<std::int16_t> ProjectReader::leading16() {
 std::optional<std::int32_t> ProjectReader::leading32() {
     auto raw = line();
     if (!raw) return std::nullopt;
+    if (auto plain = plainInteger(*raw)) return plain;
     return toInt32(leadingNumber(*raw));
 }
 
@@ -78,6 +97,7 @@ std::optional<std::int32_t> ProjectReader::strict32() {
     auto raw = line();
     if (!raw) return std::nullopt;
     if (raw->empty()) return 0;
+    if (auto plain = plainInteger(*raw)) return plain;
     auto value = wholeNumber(*raw, m_.locale);
     if (!value) return std::nullopt;
     return toInt32(*value);
@@ -125,9 +145,9 @@ bool ProjectReader::picture() {
     m_.form.setEnabled(C::picScreen, true);
     for (int x = 0; x <= picture.iPicMaxX && picture.iPicMaxY >= 0; ++x) {
         for (int y = 0; y <= picture.iPicMaxY; ++y) {
-            auto raw = line();
-            if (!raw || !inStoreRange(x) || !inStoreRange(y)) return false;
-            auto colour = toInt32(leadingNumber(*raw));
+            if (!inStoreRange(x) || !inStoreRange(y)) return false;
+            auto colour = lines_.nextPlainInteger();
+            if (!colour) colour = leading32();
             if (!colour) return false;
             picture.pixel(x, y) = *colour;
             m_.pictureBox.setPixel(x, y, *colour);
@@ -189,6 +209,39 @@ bool ProjectReader::record() {
     return true;
 }
 
+// Reads the row's pixels column by column; pixelsRead_ counts how many arrived.
+bool ProjectReader::readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY) {
+    pixelsRead_ = 0;
+    for (std::int32_t x = 0; x <= lastX && lastY >= 0; ++x) {
+        for (std::int32_t y = 0; y <= lastY; ++y) {
+            if (!inStoreRange(x) || !inStoreRange(y)) return false;
+            auto colour = lines_.nextPlainInteger();
+            if (!colour) colour = strict32();
+            if (!colour) return false;
+            picture.at(x, y) = *colour;
+            ++pixelsRead_;
+        }
+    }
+    return true;
+}
+
+// The pixels of a row picture, as far as they were read, also become the window's
+// current picture. Copied a band of columns at a time: the row picture runs column by
+// column, the window's picture row by row.
+void ProjectReader::overlay(const RowPicture& picture) {
+    if (pixelsRead_ == 0) return;
+    const auto height = static_cast<std::size_t>(picture.lastY) + 1;
+    const auto columns = static_cast<int>((pixelsRead_ + height - 1) / height);
+    constexpr int kBand = 16;
+    for (int band = 0; band < columns; band += kBand) {
+        const int bandEnd = std::min(band + kBand, columns);
+        for (std::size_t y = 0; y < height; ++y)
+            for (int x = band; x < bandEnd; ++x)
+                if (static_cast<std::size_t>(x) * height + y < pixelsRead_)
+                    m_.picture.pixel(x, static_cast<int>(y)) = picture.at(x, static_cast<int>(y));
+    }
+}
+
 // A size beyond the store ends the load at its first pixel past index 1000; the row
 // keeps only what fits, so nothing is ever stored outside its picture.
 bool ProjectReader::rowPicture(int r) {
@@ -197,17 +250,9 @@ bool ProjectReader::rowPicture(int r) {
     if (!lastY) return false;
     RowPicture& picture = m_.rows.lRowPixels[static_cast<std::size_t>(r)];
     picture.resize(std::min(*lastX, kPictureSide - 1), std::min(*lastY, kPictureSide - 1));
-    const std::int32_t readX = *lastX;
-    const std::int32_t readY = *lastY;
-    for (std::int32_t x = 0; x <= readX && readY >= 0; ++x) {
-        for (std::int32_t y = 0; y <= readY; ++y) {
-            if (!inStoreRange(x) || !inStoreRange(y)) return false;
-            auto colour = strict32();
-            if (!colour) return false;
-            picture.at(x, y) = *colour;
-            m_.picture.pixel(x, y) = *colour;
-        }
-    }
+    const bool complete = readPixels(picture, *lastX, *lastY);
+    overlay(picture);
+    if (!complete) return false;
     auto include = includeLine();
     if (!include) return false;
     m_.rows.lRowInclude[static_cast<std::size_t>(r)] = *include;

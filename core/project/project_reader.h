@@ -27,6 +27,8 @@ private:
     bool runSettings();
     bool record();
     bool rowPicture(int r);
+    bool readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY);
+    void overlay(const RowPicture& picture);
 
     std::optional<std::string_view> line();
     std::optional<std::string> textLine();
@@ -42,6 +44,7 @@ private:
     LineReader lines_;
     WindowModel& m_;
     TrackList& list_;
+    std::size_t pixelsRead_ = 0;
 };
 
 }  // namespace quorlin
