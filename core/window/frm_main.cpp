@@ -6,8 +6,7 @@
 namespace quorlin {
 
 FrmMain::FrmMain(Ports ports, NumberLocale locale)
-    : p_(ports),
-      interlocks_(m_, ports.desktop),
+    : interlocks_(m_, ports.desktop),
       image_(ports.screen),
       click_(m_, ports.desktop, ports.pump, image_),
       runs_(m_, ports, click_),

@@ -71,7 +71,6 @@ private:
     void textChanged(Ctl field) override { interlocks_.textChanged(field); }
 
     WindowModel m_;
-    Ports p_;
     Interlocks interlocks_;
     ImageCondition image_;
     ClickStep click_;

@@ -1,0 +1,11 @@
+True
+False
+&HFFFF
+1e3
+&O17
+-2.5
+1
+&H1
+1e0
+&HFFFFFFFF
+1d2
