@@ -9,6 +9,7 @@
 #include <QRadioButton>
 #include <QTableWidget>
 #include <QTest>
+#include <QTimer>
 
 #include "main_window.h"
 #include "qt_ports.h"
@@ -121,6 +122,22 @@ TEST(MainWindowUi, StartAndStopDriveRunsOnTheRealTimers) {
     ui.waitUntil([] { return false; }, 300);
     EXPECT_GE(afterStop, 4u);
     EXPECT_EQ(downs(), afterStop);
+}
+
+TEST(MainWindowUi, ClosingTheWindowEndsATrackListRunWaitingInsideStart) {
+    UiWindow ui;
+    ui.typeInto(Ctl::txtX, "1");
+    ui.typeInto(Ctl::txtY, "1");
+    ui.typeInto(Ctl::txtSeconds, "60");
+    ui.click(Ctl::cmdAddtoList);
+    ui.click(Ctl::optFromTrack);
+    QTimer::singleShot(200, &ui.window, [&] { ui.window.close(); });
+    QElapsedTimer clock;
+    clock.start();
+    ui.click(Ctl::cmdStart);  // returns only when the run has ended
+    EXPECT_LT(clock.elapsed(), 5000);
+    EXPECT_TRUE(ui.frm.model().closing);
+    EXPECT_FALSE(ui.window.isVisible());
 }
 
 TEST(MainWindowUi, HelpButtonShowsAndHidesBothTexts) {
