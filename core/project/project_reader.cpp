@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "text/value_of_text.h"
+#include "project/project_layout.h"
 #include "text/windows1252.h"
 
 namespace quorlin {
@@ -11,10 +12,6 @@ namespace quorlin {
 using C = Ctl;
 
 namespace {
-constexpr Ctl kCornerFields[] = {C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY};
-constexpr Ctl kStepTexts[] = {C::txtCount, C::txtX, C::txtY, C::txtMinutes, C::txtSeconds,
-                              C::txtMiliseconds, C::txtFromSec, C::txtToSec};
-bool inStoreRange(int index) { return index >= 0 && index < kPictureSide; }
 
 // Pixel lines are plain integers almost always; those take the short way, anything
 // else goes through the full rules of the line's kind.
@@ -123,8 +120,8 @@ bool ProjectReader::imageSettings() {
     if (!setOption(C::optImageInclude) || !setOption(C::optImageNotInclude)) return false;
     std::int16_t* corners[] = {&m_.picture.iTopX, &m_.picture.iTopY, &m_.picture.iBottomX, &m_.picture.iBottomY};
     for (int i = 0; i < 4; ++i) {
-        if (!textField(kCornerFields[i])) return false;
-        auto corner = toInt16(leadingNumber(m_.form.text(kCornerFields[i])));
+        if (!textField(project::kRectangleFields[i])) return false;
+        auto corner = toInt16(leadingNumber(m_.form.text(project::kRectangleFields[i])));
         if (!corner) return false;
         *corners[i] = *corner;
     }
@@ -145,7 +142,7 @@ bool ProjectReader::picture() {
     m_.form.setEnabled(C::picScreen, true);
     for (int x = 0; x <= picture.iPicMaxX && picture.iPicMaxY >= 0; ++x) {
         for (int y = 0; y <= picture.iPicMaxY; ++y) {
-            if (!inStoreRange(x) || !inStoreRange(y)) return false;
+            if (!project::inStoreRange(x) || !project::inStoreRange(y)) return false;
             auto colour = lines_.nextPlainInteger();
             if (!colour) colour = leading32();
             if (!colour) return false;
@@ -180,7 +177,7 @@ bool ProjectReader::runSettings() {
     auto dbClick = optionLine();
     if (!click || !dbClick || !optionLine()) return false;
     m_.form.selectOption(*click ? C::optClick : *dbClick ? C::optDbClick : C::optRightClick);
-    for (Ctl field : kStepTexts)
+    for (Ctl field : project::kStepFields)
         if (!textField(field)) return false;
     return true;
 }
@@ -214,7 +211,7 @@ bool ProjectReader::readPixels(RowPicture& picture, std::int32_t lastX, std::int
     pixelsRead_ = 0;
     for (std::int32_t x = 0; x <= lastX && lastY >= 0; ++x) {
         for (std::int32_t y = 0; y <= lastY; ++y) {
-            if (!inStoreRange(x) || !inStoreRange(y)) return false;
+            if (!project::inStoreRange(x) || !project::inStoreRange(y)) return false;
             auto colour = lines_.nextPlainInteger();
             if (!colour) colour = strict32();
             if (!colour) return false;

@@ -2,18 +2,12 @@
 
 #include <charconv>
 
+#include "project/project_layout.h"
 #include "text/windows1252.h"
 
 namespace quorlin {
 
 using C = Ctl;
-
-namespace {
-constexpr Ctl kImageTexts[] = {C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY};
-constexpr Ctl kStepTexts[] = {C::txtCount, C::txtX, C::txtY, C::txtMinutes, C::txtSeconds,
-                              C::txtMiliseconds, C::txtFromSec, C::txtToSec};
-bool inStoreRange(int index) { return index >= 0 && index < kPictureSide; }
-}  // namespace
 
 bool ProjectWriter::write(WindowModel& m) {
     if (!imageSettings(m)) return false;
@@ -24,7 +18,7 @@ bool ProjectWriter::write(WindowModel& m) {
 bool ProjectWriter::imageSettings(const WindowModel& m) {
     option(m.form.selected(C::optImageInclude));
     option(m.form.selected(C::optImageNotInclude));
-    for (Ctl field : kImageTexts) text(m.form.text(field));
+    for (Ctl field : project::kRectangleFields) text(m.form.text(field));
     check(m.form.value(C::chkRecImage));
     return m.form.value(C::chkRecImage) != 1 || picture(m.picture);
 }
@@ -34,7 +28,7 @@ bool ProjectWriter::picture(const ReferencePicture& picture) {
     integer(picture.iPicMaxY);
     for (int x = 0; x <= picture.iPicMaxX; ++x) {
         for (int y = 0; y <= picture.iPicMaxY; ++y) {
-            if (!inStoreRange(x) || !inStoreRange(y)) return false;
+            if (!project::inStoreRange(x) || !project::inStoreRange(y)) return false;
             integer(picture.pixel(x, y));
         }
         if (buffer_.size() >= kFlushAt && !flush()) return false;
@@ -51,7 +45,7 @@ void ProjectWriter::runSettings(const EntryForm& form) {
     for (Ctl o : {C::optManual, C::optFromTrack, C::optLooptrack, C::optRepeatTrack}) option(form.selected(o));
     text(form.text(C::txtTrackNum));
     for (Ctl o : {C::optCount, C::optLoop, C::optClick, C::optDbClick, C::optRightClick}) option(form.selected(o));
-    for (Ctl field : kStepTexts) text(form.text(field));
+    for (Ctl field : project::kStepFields) text(form.text(field));
 }
 
 bool ProjectWriter::records(WindowModel& m) {
@@ -78,7 +72,7 @@ bool ProjectWriter::rowPicture(const RowStores& rows, int r) {
     integer(picture.lastY);
     for (int x = 0; x <= picture.lastX && picture.lastY >= 0; ++x) {
         for (int y = 0; y <= picture.lastY; ++y) {
-            if (!inStoreRange(x) || !inStoreRange(y)) return false;
+            if (!project::inStoreRange(x) || !project::inStoreRange(y)) return false;
             integer(picture.at(x, y));
         }
         if (buffer_.size() >= kFlushAt && !flush()) return false;
