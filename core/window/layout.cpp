@@ -96,6 +96,5 @@ static_assert(inEnumOrder(), "the layout table lists the controls in the order o
 
 std::span<const ControlLayout> windowLayout() { return kLayout; }
 
-const ControlLayout& layoutOf(Ctl id) { return kLayout[indexOf(id)]; }
 
 }  // namespace quorlin

@@ -46,6 +46,5 @@ inline constexpr int kClientHeightTwips = 9345;
 
 // Every control in the order of the window's areas, from top to bottom.
 std::span<const ControlLayout> windowLayout();
-const ControlLayout& layoutOf(Ctl id);
 
 }  // namespace quorlin
