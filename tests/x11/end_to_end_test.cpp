@@ -51,6 +51,15 @@ TEST(EndToEnd, AManualRunClicksAndTypesIntoARealWindow) {
     EXPECT_EQ(target.typed(), "ok\rok\r");
 }
 
+TEST(EndToEnd, TheReadoutShowsWhereTheRealPointerIs) {
+    X11Window w;
+    XWarpPointer(w.connection.display(), None, w.connection.root(), 0, 0, 0, 0, 123, 45);
+    XSync(w.connection.display(), False);
+    w.frm.timer_Timer();
+    EXPECT_EQ(w.frm.form().text(Ctl::lblXPos), "123");
+    EXPECT_EQ(w.frm.form().text(Ctl::lblYPos), "45");
+}
+
 TEST(EndToEnd, ATrackListPlaysItsStepsAgainstRealWindows) {
     RecordingWindow first(100, 100, 50, 50);
     RecordingWindow second(200, 100, 50, 50);
