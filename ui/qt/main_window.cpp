@@ -49,6 +49,18 @@ void wrapCaption(QPushButton* button) {
     if (split > 0) button->setText(caption.left(split) + "\n" + caption.mid(split + 1));
 }
 
+// The help texts are made to fit their boxes line for line, so that nothing scrolls away.
+void helpText(QPlainTextEdit* edit) {
+    edit->setReadOnly(true);
+    edit->document()->setDocumentMargin(1);
+    edit->setLineWrapMode(QPlainTextEdit::NoWrap);
+    edit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    edit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    QFont font = edit->font();
+    font.setPixelSize(10);
+    edit->setFont(font);
+}
+
 bool isReadout(Ctl id) { return id == Ctl::lblXPos || id == Ctl::lblYPos; }
 
 }  // namespace
@@ -135,7 +147,7 @@ void MainWindow::applyLook(const ControlLayout& layout, QWidget* widget) {
             break;
         case ColourRole::YellowBackground:
             palette.setColor(QPalette::Base, kLightYellow);
-            static_cast<QPlainTextEdit*>(widget)->setReadOnly(true);
+            helpText(static_cast<QPlainTextEdit*>(widget));
             break;
         case ColourRole::WindowBackground:
         case ColourRole::Platform: break;
