@@ -23,9 +23,7 @@ double trackWaitShare() {
     testing::FakeDialogs dialogs;
     testing::ScriptedRandom random;
     FrmMain* frmPointer = nullptr;
-    qt::QtTimers timers([&](TimerId id) {
-        if (id == TimerId::tmrCount) frmPointer->tmrCount_Timer();
-    });
+    qt::QtTimers timers([&](TimerId id) { frmPointer->timerTick(id); });
     qt::QtEventPump pump;
     FrmMain frm{Ports{desktop, screen, timers, pump, dialogs, random}};
     frmPointer = &frm;

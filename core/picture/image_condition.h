@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "picture/reference_picture.h"
+#include "model/reference_picture.h"
+#include "model/step_condition.h"
 #include "ports/screen_reader.h"
-#include "window/window_model.h"
 
 namespace quorlin {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "window/messages.h"
+#include "form/message_texts.h"
 
 namespace quorlin {
 
@@ -11,22 +11,20 @@ using C = Ctl;
 
 namespace {
 
-constexpr Ctl kRectFields[] = {C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY};
-
 // Pixels read in one direction: from the near edge up to the far one, none when reversed.
 int span(std::int16_t nearEdge, std::int16_t farEdge) { return farEdge < nearEdge ? 0 : farEdge - nearEdge + 1; }
 
 }  // namespace
 
 bool PictureCapture::ValidatePictureRect() const {
-    return std::all_of(std::begin(kRectFields), std::end(kRectFields),
+    return std::all_of(std::begin(kRectangleFields), std::end(kRectangleFields),
                        [&](Ctl field) { return isNumber(m_.form.text(field), m_.locale); });
 }
 
 // The corners the fields give, each a 16-bit whole number, in the order they are set;
 // nothing when one does not fit or the rectangle is larger than the picture store.
 std::optional<ScreenRect> PictureCapture::requestedRect() const {
-    auto corner = [&](Ctl field) { return toInt16(m_.valueOf(field)); };
+    auto corner = [&](Ctl field) { return toInt16(m_.form.valueOf(field)); };
     const auto left = corner(C::txtTopX);
     const auto right = corner(C::txtBottomX);
     const auto top = corner(C::txtTopY);
@@ -59,7 +57,6 @@ void PictureCapture::cmdGetPic_Click() {
     // A reversed direction reads no column at all, and with no column no row either.
     picture.iPicMaxX = static_cast<std::int16_t>(columns - 1);
     picture.iPicMaxY = static_cast<std::int16_t>(columns > 0 ? rows - 1 : -1);
-    m_.form.observer().pictureBoxChanged();
 }
 
 // One read of the whole rectangle, stored column by column and shown as far as the box reaches.
@@ -76,15 +73,10 @@ void PictureCapture::store(const ScreenRect& rect) {
 }
 
 void PictureCapture::drawPicture(int lastX, int lastY) {
-    const int width = std::min(lastX + 1, PictureBox::kWidth);
-    const int height = std::min(lastY + 1, PictureBox::kHeight);
-    for (int dx = 0; dx < width; ++dx)
-        for (int dy = 0; dy < height; ++dy) m_.pictureBox.setPixel(dx, dy, m_.picture.pixel(dx, dy));
+    if (lastX < 0 || lastY < 0) return;
+    m_.pictureBox.draw(m_.picture, lastY + 1, static_cast<std::size_t>(lastX + 1) * static_cast<std::size_t>(lastY + 1));
 }
 
-void PictureCapture::Form_Paint() {
-    drawPicture(m_.picture.iPicMaxX, m_.picture.iPicMaxY);
-    m_.form.observer().pictureBoxChanged();
-}
+void PictureCapture::Form_Paint() { drawPicture(m_.picture.iPicMaxX, m_.picture.iPicMaxY); }
 
 }  // namespace quorlin

@@ -3,8 +3,8 @@
 #include <optional>
 #include <vector>
 
-#include "window/ports.h"
-#include "window/window_model.h"
+#include "ports/platform_ports.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 

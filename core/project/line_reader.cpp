@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "text/plain_integer.h"
+
 namespace quorlin {
 
 namespace {
@@ -44,26 +46,19 @@ bool LineReader::findLineEnd(std::size_t from, std::size_t& end, std::size_t& ne
 
 std::optional<std::int32_t> LineReader::nextPlainInteger() {
     if (mode_ == kUnknown || (end_ - begin_ < 16 && !eof_ && (fill(), end_ - begin_ < 16))) return std::nullopt;
-    const char* p = buffer_.data() + begin_;
-    const char* last = buffer_.data() + end_;
-    const bool negative = p < last && *p == '-';
-    if (negative) ++p;
-    const char* digits = p;
-    std::int64_t value = 0;
-    while (p < last && static_cast<unsigned>(*p - '0') <= 9 && p - digits < 11) value = value * 10 + (*p++ - '0');
-    const std::ptrdiff_t count = p - digits;
-    if (count == 0 || count > 10) return std::nullopt;
+    // A plain integer line is at most 11 characters before its line end.
+    const char* first = buffer_.data() + begin_;
+    const std::size_t window = std::min<std::size_t>(end_ - begin_, 13);
+    const char* lf = static_cast<const char*>(std::memchr(first, '\n', window));
+    if (!lf) return std::nullopt;
+    const char* valueEnd = lf;
     if (mode_ == kCrLf) {
-        if (last - p < 2 || p[0] != '\r' || p[1] != '\n') return std::nullopt;
-        p += 2;
-    } else {
-        if (p == last || *p != '\n') return std::nullopt;
-        ++p;
+        if (valueEnd == first || valueEnd[-1] != '\r') return std::nullopt;
+        --valueEnd;
     }
-    value = negative ? -value : value;
-    if (value < INT32_MIN || value > INT32_MAX) return std::nullopt;
-    begin_ = static_cast<std::size_t>(p - buffer_.data());
-    return static_cast<std::int32_t>(value);
+    const auto value = parsePlainInteger(std::string_view(first, static_cast<std::size_t>(valueEnd - first)));
+    if (value) begin_ = static_cast<std::size_t>(lf + 1 - buffer_.data());
+    return value;
 }
 
 bool LineReader::atEnd() { return begin_ == end_ && !fill(); }

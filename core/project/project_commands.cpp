@@ -21,15 +21,12 @@ void ProjectCommands::cmdSave_Click() {
     if (!path) return;
     m_.projectFileName = *path;
     writeFileAtomically(*path, [this](std::ostream& out) { return ProjectWriter(out).write(m_); });
-    m_.form.observer().gridChanged();
 }
 
 // The list and the picture box are emptied before the dialog opens, as the window always did.
 void ProjectCommands::cmdLoad_Click() {
-    m_.fgResult.blankAll();
+    list_.clear();
     m_.pictureBox.clear();
-    list_.fColInit();
-    m_.form.observer().pictureBoxChanged();
 
     auto path = p_.dialogs.openFile(projectDialog(m_.projectFileName));
     if (!path) return;
@@ -40,8 +37,6 @@ void ProjectCommands::cmdLoad_Click() {
     in.open(*path, std::ios::binary);
     if (!in) return;
     ProjectReader(in, m_, list_).read();
-    m_.form.observer().gridChanged();
-    m_.form.observer().pictureBoxChanged();
 }
 
 }  // namespace quorlin

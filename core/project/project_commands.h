@@ -1,8 +1,8 @@
 #pragma once
 
 #include "track/track_list.h"
-#include "window/ports.h"
-#include "window/window_model.h"
+#include "ports/platform_ports.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 

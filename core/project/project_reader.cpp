@@ -3,33 +3,14 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "text/value_of_text.h"
 #include "project/project_layout.h"
+#include "text/plain_integer.h"
+#include "text/value_of_text.h"
 #include "text/windows1252.h"
 
 namespace quorlin {
 
 using C = Ctl;
-
-namespace {
-
-// Pixel lines are plain integers almost always; those take the short way, anything
-// else goes through the full rules of the line's kind.
-std::optional<std::int32_t> plainInteger(std::string_view line) {
-    const bool negative = !line.empty() && line.front() == '-';
-    if (negative) line.remove_prefix(1);
-    if (line.empty() || line.size() > 10) return std::nullopt;
-    std::int64_t value = 0;
-    for (char c : line) {
-        const unsigned digit = static_cast<unsigned char>(c) - '0';
-        if (digit > 9) return std::nullopt;
-        value = value * 10 + digit;
-    }
-    value = negative ? -value : value;
-    if (value < INT32_MIN || value > INT32_MAX) return std::nullopt;
-    return static_cast<std::int32_t>(value);
-}
-}  // namespace
 
 bool ProjectReader::read() {
     if (!imageSettings() || !runSettings()) return false;
@@ -86,7 +67,7 @@ std::optional<std::int16_t> ProjectReader::leading16() {
 std::optional<std::int32_t> ProjectReader::leading32() {
     auto raw = line();
     if (!raw) return std::nullopt;
-    if (auto plain = plainInteger(*raw)) return plain;
+    if (auto plain = parsePlainInteger(*raw)) return plain;
     return toInt32(leadingNumber(*raw));
 }
 
@@ -94,7 +75,7 @@ std::optional<std::int32_t> ProjectReader::strict32() {
     auto raw = line();
     if (!raw) return std::nullopt;
     if (raw->empty()) return 0;
-    if (auto plain = plainInteger(*raw)) return plain;
+    if (auto plain = parsePlainInteger(*raw)) return plain;
     auto value = wholeNumber(*raw, m_.locale);
     if (!value) return std::nullopt;
     return toInt32(*value);
@@ -120,8 +101,8 @@ bool ProjectReader::imageSettings() {
     if (!setOption(C::optImageInclude) || !setOption(C::optImageNotInclude)) return false;
     std::int16_t* corners[] = {&m_.picture.iTopX, &m_.picture.iTopY, &m_.picture.iBottomX, &m_.picture.iBottomY};
     for (int i = 0; i < 4; ++i) {
-        if (!textField(project::kRectangleFields[i])) return false;
-        auto corner = toInt16(leadingNumber(m_.form.text(project::kRectangleFields[i])));
+        if (!textField(kRectangleFields[i])) return false;
+        auto corner = toInt16(m_.form.valueOf(kRectangleFields[i]));
         if (!corner) return false;
         *corners[i] = *corner;
     }
@@ -140,14 +121,23 @@ bool ProjectReader::picture() {
     if (!lastY) return false;
     picture.iPicMaxY = *lastY;
     m_.form.setEnabled(C::picScreen, true);
+    std::size_t read = 0;
+    const bool complete = pictureBlock(read);
+    m_.pictureBox.draw(picture, picture.iPicMaxY + 1, read);
+    return complete;
+}
+
+// The reference picture's pixels, column by column; `read` counts those that arrived.
+bool ProjectReader::pictureBlock(std::size_t& read) {
+    ReferencePicture& picture = m_.picture;
     for (int x = 0; x <= picture.iPicMaxX && picture.iPicMaxY >= 0; ++x) {
         for (int y = 0; y <= picture.iPicMaxY; ++y) {
-            if (!project::inStoreRange(x) || !project::inStoreRange(y)) return false;
+            if (!ReferencePicture::inStore(x, y)) return false;
             auto colour = lines_.nextPlainInteger();
             if (!colour) colour = leading32();
             if (!colour) return false;
             picture.pixel(x, y) = *colour;
-            m_.pictureBox.setPixel(x, y, *colour);
+            ++read;
         }
     }
     return true;
@@ -183,20 +173,21 @@ bool ProjectReader::runSettings() {
 }
 
 bool ProjectReader::record() {
-    TrackGrid& grid = m_.fgResult;
     if (list_.entryCount() >= kMaxEntries) return false;
     const int r = list_.growForNewEntry();
-    grid.setCol(0);
-    grid.setRow(r);
-    for (int c = 0; c < kGridColumns; ++c) {
-        grid.setCol(c);
+    TrackGrid::Row cells;
+    int c = 0;
+    for (; c < kGridColumns; ++c) {
         auto cell = textLine();
-        if (!cell) return false;
-        grid.setCell(r, c, *cell);
-        m_.rows.sRowCells[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)] = std::move(*cell);
+        if (!cell) break;
+        cells[static_cast<std::size_t>(c)] = std::move(*cell);
     }
-    if (!line() || !line()) return false;
-    if (grid.currentCell() == "Yes") {
+    // The grid's current cell ends where the reading did, as it moves along the record.
+    m_.setEntryCells(r, cells);
+    m_.fgResult.setRow(r);
+    m_.fgResult.setCol(std::min(c, kGridColumns - 1));
+    if (c < kGridColumns || !line() || !line()) return false;
+    if (cells[colImage] == "Yes") {
         if (!rowPicture(r)) return false;
         m_.rows.bRowImage[static_cast<std::size_t>(r)] = true;
     } else {
@@ -211,7 +202,7 @@ bool ProjectReader::readPixels(RowPicture& picture, std::int32_t lastX, std::int
     pixelsRead_ = 0;
     for (std::int32_t x = 0; x <= lastX && lastY >= 0; ++x) {
         for (std::int32_t y = 0; y <= lastY; ++y) {
-            if (!project::inStoreRange(x) || !project::inStoreRange(y)) return false;
+            if (!ReferencePicture::inStore(x, y)) return false;
             auto colour = lines_.nextPlainInteger();
             if (!colour) colour = strict32();
             if (!colour) return false;

@@ -7,7 +7,7 @@
 
 #include "project/line_reader.h"
 #include "track/track_list.h"
-#include "window/window_model.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 
@@ -24,6 +24,7 @@ public:
 private:
     bool imageSettings();
     bool picture();
+    bool pictureBlock(std::size_t& read);
     bool runSettings();
     bool record();
     bool rowPicture(int r);

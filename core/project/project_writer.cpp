@@ -18,7 +18,7 @@ bool ProjectWriter::write(WindowModel& m) {
 bool ProjectWriter::imageSettings(const WindowModel& m) {
     option(m.form.selected(C::optImageInclude));
     option(m.form.selected(C::optImageNotInclude));
-    for (Ctl field : project::kRectangleFields) text(m.form.text(field));
+    for (Ctl field : kRectangleFields) text(m.form.text(field));
     check(m.form.value(C::chkRecImage));
     return m.form.value(C::chkRecImage) != 1 || picture(m.picture);
 }
@@ -28,7 +28,7 @@ bool ProjectWriter::picture(const ReferencePicture& picture) {
     integer(picture.iPicMaxY);
     for (int x = 0; x <= picture.iPicMaxX; ++x) {
         for (int y = 0; y <= picture.iPicMaxY; ++y) {
-            if (!project::inStoreRange(x) || !project::inStoreRange(y)) return false;
+            if (!ReferencePicture::inStore(x, y)) return false;
             integer(picture.pixel(x, y));
         }
         if (buffer_.size() >= kFlushAt && !flush()) return false;
@@ -52,15 +52,14 @@ bool ProjectWriter::records(WindowModel& m) {
     TrackGrid& grid = m.fgResult;
     const int rowCount = grid.rowCount();
     for (int r = 1; r < rowCount; ++r) {
+        // The grid's current cell moves along as the record is written.
         grid.setRow(r);
-        for (int c = 0; c < kGridColumns; ++c) {
-            grid.setCol(c);
-            text(grid.currentCell());
-        }
+        grid.setCol(kGridColumns - 1);
+        for (const std::string& cell : grid.cells(r)) text(cell);
         if (r >= kMaxGridRows) return false;
         option(m.rows.bRowImage[static_cast<std::size_t>(r)]);
         text(m.rows.sRowCells[static_cast<std::size_t>(r)][colImage]);
-        if (grid.currentCell() == "Yes" && !rowPicture(m.rows, r)) return false;
+        if (grid.cell(r, colImage) == "Yes" && !rowPicture(m.rows, r)) return false;
         if (!flush()) return false;
     }
     return true;
@@ -72,7 +71,7 @@ bool ProjectWriter::rowPicture(const RowStores& rows, int r) {
     integer(picture.lastY);
     for (int x = 0; x <= picture.lastX && picture.lastY >= 0; ++x) {
         for (int y = 0; y <= picture.lastY; ++y) {
-            if (!project::inStoreRange(x) || !project::inStoreRange(y)) return false;
+            if (!ReferencePicture::inStore(x, y)) return false;
             integer(picture.at(x, y));
         }
         if (buffer_.size() >= kFlushAt && !flush()) return false;

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "window/window_model.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 

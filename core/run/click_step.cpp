@@ -1,6 +1,5 @@
 #include "run/click_step.h"
 
-#include <limits>
 #include <string>
 
 #include "run/window_messages.h"
@@ -13,7 +12,7 @@ using namespace wm;
 void ClickStep::SendClick(const StepCondition& condition) {
     if (!image_.ImageConditionMet(condition, m_.picture, m_.form.selected(Ctl::optImageInclude))) return;
 
-    const ScreenPoint screen{coordinate(Ctl::txtX), coordinate(Ctl::txtY)};
+    const ScreenPoint screen{clampToInt32(m_.form.valueOf(Ctl::txtX)), clampToInt32(m_.form.valueOf(Ctl::txtY))};
     const WindowHandle target = desktop_.windowFromPoint(screen);
     const ScreenPoint client = desktop_.screenToClient(target, screen);
     const std::uint32_t lParam = mouseLParam(client.x, client.y);
@@ -68,13 +67,6 @@ void ClickStep::typeText(WindowHandle target) {
 
 void ClickStep::pause(int passes) {
     for (int i = 0; i < passes; ++i) pump_.pumpOnce();
-}
-
-// Texts that do not fit a screen coordinate click at the nearest edge of the range.
-std::int32_t ClickStep::coordinate(Ctl field) const {
-    const double value = m_.valueOf(field);
-    if (auto whole = toInt32(value)) return *whole;
-    return value < 0 ? std::numeric_limits<std::int32_t>::min() : std::numeric_limits<std::int32_t>::max();
 }
 
 }  // namespace quorlin

@@ -5,7 +5,7 @@
 #include "picture/image_condition.h"
 #include "ports/desktop.h"
 #include "ports/event_pump.h"
-#include "window/window_model.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 
@@ -28,7 +28,6 @@ private:
     void rightClick(WindowHandle target, ScreenPoint client, std::uint32_t lParam);
     void typeText(WindowHandle target);
     void pause(int passes);
-    std::int32_t coordinate(Ctl field) const;
 
     WindowModel& m_;
     Desktop& desktop_;

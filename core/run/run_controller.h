@@ -3,14 +3,12 @@
 #include <cstdint>
 #include <optional>
 
+#include "model/interval_rules.h"
 #include "run/click_step.h"
-#include "window/ports.h"
-#include "window/window_model.h"
+#include "ports/platform_ports.h"
+#include "model/window_model.h"
 
 namespace quorlin {
-
-// The largest interval a run timer takes, in milliseconds.
-inline constexpr std::int32_t kMaxTimerInterval = 65'535;
 
 // Starts and stops manual runs and handles the ticks of the two run timers.
 class RunController {
@@ -27,16 +25,16 @@ public:
 
 private:
     double manualInterval();
-    void clickOnce(const StepCondition& condition);
+    void countTick(std::uint32_t runNumber);
 
     WindowModel& m_;
     Ports p_;
     ClickStep& step_;
 };
 
-// An interval longer than a run timer takes: tells the user and ends the runs.
-// Answers whether that happened.
-bool refuseTooLongInterval(double interval, RunState& run, Dialogs& dialogs);
+// An interval a run timer cannot take, longer than the longest or below zero: tells the
+// user and ends the runs. Answers whether that happened.
+bool refuseUntimableInterval(double interval, RunState& run, Dialogs& dialogs);
 
 // The whole milliseconds a run timer is set to for an interval: halves to even,
 // clamped to what the timer takes. Below zero the timer is not armed (0).

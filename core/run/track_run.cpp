@@ -1,11 +1,9 @@
 #include "run/track_run.h"
 
-#include <cmath>
-#include <limits>
-#include <string_view>
-
+#include "form/message_texts.h"
+#include "model/interval_rules.h"
 #include "run/run_controller.h"
-#include "window/messages.h"
+#include "text/colon_split.h"
 
 namespace quorlin {
 
@@ -13,41 +11,31 @@ using C = Ctl;
 
 namespace {
 
-// Ends playing_ however the run ends.
-class PlayingFlag {
+// Marks the track run as playing however it ends.
+class ActiveRun {
 public:
-    PlayingFlag(bool& flag, bool& trackRunActive) : flag_(flag), active_(trackRunActive) { flag_ = active_ = true; }
-    ~PlayingFlag() { flag_ = active_ = false; }
-    PlayingFlag(const PlayingFlag&) = delete;
-    PlayingFlag& operator=(const PlayingFlag&) = delete;
+    explicit ActiveRun(bool& active) : active_(active) { active_ = true; }
+    ~ActiveRun() { active_ = false; }
+    ActiveRun(const ActiveRun&) = delete;
+    ActiveRun& operator=(const ActiveRun&) = delete;
 
 private:
-    bool& flag_;
     bool& active_;
 };
 
-// The text before the first colon and the whole text after it; a missing colon
-// leaves the rest empty.
-std::pair<std::string_view, std::string_view> splitAtColon(std::string_view s) {
-    auto colon = s.find(':');
-    if (colon == std::string_view::npos) return {s, {}};
-    return {s.substr(0, colon), s.substr(colon + 1)};
-}
-
-// Counts beyond 32 bits click as often as a 32-bit count can.
-std::int32_t clickTarget(double rep) {
-    if (auto whole = toInt32(rep)) return *whole;
-    return rep < 0 ? std::numeric_limits<std::int32_t>::min() : std::numeric_limits<std::int32_t>::max();
+// A missing colon leaves the rest empty: the missing parts read as 0.
+std::pair<std::string_view, std::string_view> splitOrWhole(std::string_view s) {
+    return splitAtColon(s).value_or(std::pair{s, std::string_view()});
 }
 
 }  // namespace
 
 void TrackRun::StartTrackRun() {
-    PlayingFlag playing(playing_, m_.trackRunActive);
+    ActiveRun active(m_.trackRunActive);
+    ++m_.countRun;
 
     m_.fgResult.setRow(1);
     m_.fgResult.setCol(0);
-    m_.form.observer().gridChanged();
     if (!gateOpen()) {
         p_.dialogs.messageBox(msg::kFieldsIncorrect);
         return;
@@ -63,7 +51,7 @@ bool TrackRun::gateOpen() const {
 
 // Stop ends only the pass in progress: bStop is cleared before every pass.
 void TrackRun::repeatPasses() {
-    const double times = m_.valueOf(C::txtTrackNum);
+    const double times = m_.form.valueOf(C::txtTrackNum);
     for (double k = 0; k <= times - 1 && !m_.closing; ++k) {
         m_.fgResult.setRow(1);
         m_.run.bStop = false;
@@ -71,12 +59,16 @@ void TrackRun::repeatPasses() {
     }
 }
 
+// A pass that waited for no row (with "Non-stop" clicks nothing is timed) is followed by
+// a sleep until the next event instead of a busy pass of the pump.
 void TrackRun::passesUntilStop() {
     m_.run.bStop = false;
     while (!ended()) {
         m_.fgResult.setRow(1);
+        const long waitsBefore = waits_;
         PlayTrackPass();
-        p_.pump.pumpOnce();
+        if (waits_ == waitsBefore) p_.pump.waitForEvents();
+        else p_.pump.pumpOnce();
     }
 }
 
@@ -85,33 +77,28 @@ void TrackRun::PlayTrackPass() {
     bool passDone = false;
     while (grid.row() <= grid.rowCount() - 1 && !passDone && !ended()) {
         const int r = grid.row();
-        m_.form.observer().gridChanged();
         const double interval = PrepareRowStep();
-        if (refuseTooLongInterval(interval, m_.run, p_.dialogs)) return;
+        if (refuseUntimableInterval(interval, m_.run, p_.dialogs)) return;
         if (!m_.form.selected(C::optLoop)) playRowClicks(interval);
         if (r < grid.rowCount() - 1) grid.setRow(r + 1);
         else passDone = true;
     }
-    m_.form.observer().gridChanged();
 }
 
-// A row whose interval comes out negative cannot be timed; it ends at once without
-// a click, as a row with "Rep" 0 would, and the pass moves on.
 void TrackRun::playRowClicks(double interval) {
     const int r = m_.fgResult.row();
     RunState& run = m_.run;
     run.lClickCount = 0;
-    run.iClickTarget = clickTarget(leadingNumber(m_.fgResult.cell(r, colRep)));
+    run.iClickTarget = clampToInt32(leadingNumber(m_.fgResult.cell(r, colRep)));
     const bool fill = m_.fgResult.cell(r, colFill) == "Yes";
     m_.step.bTypeText = fill;
     m_.step.sTypeText = fill ? m_.fgResult.cell(r, colText) : std::string();
-    if (interval < 0) {
-        run.bCountDone = true;
-        return;
-    }
     run.bCountDone = false;
     p_.timers.setInterval(TimerId::tmrCount, timerInterval(interval));
-    while (!run.bCountDone && !ended()) p_.pump.waitForEvents();
+    while (!run.bCountDone && !ended()) {
+        p_.pump.waitForEvents();
+        ++waits_;
+    }
 }
 
 double TrackRun::PrepareRowStep() {
@@ -127,13 +114,9 @@ double TrackRun::PrepareRowStep() {
 // Read as the interval option selected now says, whatever the row's "Intr Type".
 // Missing parts read as empty texts, that is as 0.
 double TrackRun::rowInterval(const std::string& cell) {
-    auto [first, rest] = splitAtColon(cell);
-    if (m_.form.selected(C::optRandom)) {
-        const double from = leadingNumber(first);
-        const double to = leadingNumber(rest);
-        return std::floor(to * p_.random.next() + from);
-    }
-    auto [seconds, milliseconds] = splitAtColon(rest);
+    auto [first, rest] = splitOrWhole(cell);
+    if (m_.form.selected(C::optRandom)) return randomInterval(leadingNumber(first), leadingNumber(rest), p_.random.next());
+    auto [seconds, milliseconds] = splitOrWhole(rest);
     return roundHalfEven(leadingNumber(first) * 60 * 1000 + leadingNumber(seconds) * 1000 + leadingNumber(milliseconds));
 }
 

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "window/ports.h"
-#include "window/window_model.h"
+#include "ports/platform_ports.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 
@@ -13,8 +13,6 @@ namespace quorlin {
 class TrackRun {
 public:
     TrackRun(WindowModel& model, Ports ports) : m_(model), p_(ports) {}
-
-    bool playing() const { return playing_; }
 
     void StartTrackRun();
     void PlayTrackPass();
@@ -31,7 +29,7 @@ private:
 
     WindowModel& m_;
     Ports p_;
-    bool playing_ = false;
+    long waits_ = 0;
 };
 
 }  // namespace quorlin

@@ -184,4 +184,9 @@ std::optional<Int> toInt(double value) {
 std::optional<std::int16_t> toInt16(double value) { return toInt<std::int16_t>(value); }
 std::optional<std::int32_t> toInt32(double value) { return toInt<std::int32_t>(value); }
 
+std::int32_t clampToInt32(double value) {
+    if (auto whole = toInt32(value)) return *whole;
+    return value < 0 ? std::numeric_limits<std::int32_t>::min() : std::numeric_limits<std::int32_t>::max();
+}
+
 }  // namespace quorlin

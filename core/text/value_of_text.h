@@ -30,5 +30,7 @@ double roundHalfEven(double value);
 // Rounded (halves to even) into the range of the target; nothing when it does not fit.
 std::optional<std::int16_t> toInt16(double value);
 std::optional<std::int32_t> toInt32(double value);
+// Rounded into 32 bits; a value beyond them becomes the nearest end of the range.
+std::int32_t clampToInt32(double value);
 
 }  // namespace quorlin

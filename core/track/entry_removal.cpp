@@ -25,7 +25,7 @@ void moveSlot(RowStores& rows, std::size_t from, std::size_t to) {
 }
 
 void emptyTheOnlyEntry(WindowModel& m) {
-    for (int c = 0; c < kGridColumns; ++c) m.fgResult.setCell(1, c, std::string());
+    m.fgResult.setCells(1, {});
     forgetSlot(m.rows, 1);
     m.vFirstRowUsed = false;
 }

@@ -58,9 +58,7 @@ bool pictureCopyable(const ReferencePicture& picture) {
 
 void writeEntry(WindowModel& m, int r) {
     const auto slot = static_cast<std::size_t>(r);
-    const TrackGrid::Row cells = entryCells(m.form, r);
-    for (int c = 0; c < kGridColumns; ++c) m.fgResult.setCell(r, c, cells[static_cast<std::size_t>(c)]);
-    m.rows.sRowCells[slot] = cells;
+    m.setEntryCells(r, entryCells(m.form, r));
     if (m.form.value(C::chkRecImage) == 1) writeImageFields(m, slot);
     else m.rows.bRowImage[slot] = false;
     m.vFirstRowUsed = true;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "picture/reference_picture.h"
-#include "window/window_model.h"
+#include "model/reference_picture.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 

@@ -5,6 +5,7 @@
 #include <limits>
 #include <optional>
 
+#include "model/interval_rules.h"
 #include "text/value_of_text.h"
 
 namespace quorlin {
@@ -13,11 +14,7 @@ namespace {
 
 using C = Ctl;
 
-constexpr double kLongestInterval = 65535;
-
 bool isZeroText(const EntryForm& form, Ctl field) { return form.text(field) == "0"; }
-
-double valueOf(const EntryForm& form, Ctl field) { return leadingNumber(form.text(field)); }
 
 bool fitsInt32(double total) {
     return std::isfinite(total) && total >= std::numeric_limits<std::int32_t>::min() &&
@@ -52,20 +49,20 @@ private:
 TotalCheck checkAddingTotal(const EntryForm& form) {
     if (isZeroText(form, C::txtMinutes)) return TotalCheck::Fits;
     WholeTotal total;
-    if (!form.selected(C::optRandom)) total.add(valueOf(form, C::txtMinutes) * 60 * 1000);
-    if (!isZeroText(form, C::txtSeconds)) total.add(valueOf(form, C::txtSeconds) * 1000);
-    if (!isZeroText(form, C::txtMiliseconds)) total.add(valueOf(form, C::txtMiliseconds));
+    if (!form.selected(C::optRandom)) total.add(form.valueOf(C::txtMinutes) * 60 * 1000);
+    if (!isZeroText(form, C::txtSeconds)) total.add(form.valueOf(C::txtSeconds) * 1000);
+    if (!isZeroText(form, C::txtMiliseconds)) total.add(form.valueOf(C::txtMiliseconds));
     return total.result();
 }
 
 // The random bounds enter as seconds would be typed, unconverted; the custom parts stay real.
 TotalCheck checkUpdatingTotal(const EntryForm& form, RandomSource& random) {
     if (form.selected(C::optRandom))
-        return judge(std::floor(valueOf(form, C::txtToSec) * random.next() + valueOf(form, C::txtFromSec)));
+        return judge(randomInterval(form.valueOf(C::txtFromSec), form.valueOf(C::txtToSec), random.next()));
     double total = 0;
-    if (!isZeroText(form, C::txtMinutes)) total += valueOf(form, C::txtMinutes) * 60 * 1000;
-    if (!isZeroText(form, C::txtSeconds)) total += valueOf(form, C::txtSeconds) * 1000;
-    if (!isZeroText(form, C::txtMiliseconds)) total += valueOf(form, C::txtMiliseconds);
+    if (!isZeroText(form, C::txtMinutes)) total += form.valueOf(C::txtMinutes) * 60 * 1000;
+    if (!isZeroText(form, C::txtSeconds)) total += form.valueOf(C::txtSeconds) * 1000;
+    if (!isZeroText(form, C::txtMiliseconds)) total += form.valueOf(C::txtMiliseconds);
     return judge(total);
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ports/random_source.h"
-#include "window/entry_form.h"
+#include "form/entry_form.h"
 
 namespace quorlin {
 

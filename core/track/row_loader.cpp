@@ -1,23 +1,12 @@
 #include "track/row_loader.h"
 
-#include <optional>
 #include <string>
-#include <utility>
+
+#include "text/colon_split.h"
 
 namespace quorlin {
 
-namespace {
-
 using C = Ctl;
-
-// The text before the first colon and the whole text after it.
-std::optional<std::pair<std::string, std::string>> splitAtColon(const std::string& s) {
-    const auto colon = s.find(':');
-    if (colon == std::string::npos) return std::nullopt;
-    return std::pair{s.substr(0, colon), s.substr(colon + 1)};
-}
-
-}  // namespace
 
 void RowLoader::loadCurrentRow() {
     m_.form.setText(C::txtX, cell(colX));
@@ -27,22 +16,21 @@ void RowLoader::loadCurrentRow() {
     m_.form.setText(C::txtCount, cell(colRep));
     loadTyping();
     loadImage();
-    m_.form.observer().pictureBoxChanged();
 }
 
 bool RowLoader::SplitInterval() {
     const auto first = splitAtColon(cell(colInterval));
     if (!first) return false;
     if (m_.form.selected(C::optRandom)) {
-        m_.form.setText(C::txtFromSec, first->first);
-        m_.form.setText(C::txtToSec, first->second);
+        m_.form.setText(C::txtFromSec, std::string(first->first));
+        m_.form.setText(C::txtToSec, std::string(first->second));
         return true;
     }
     const auto rest = splitAtColon(first->second);
     if (!rest) return false;
-    m_.form.setText(C::txtMinutes, first->first);
-    m_.form.setText(C::txtSeconds, rest->first);
-    m_.form.setText(C::txtMiliseconds, rest->second);
+    m_.form.setText(C::txtMinutes, std::string(first->first));
+    m_.form.setText(C::txtSeconds, std::string(rest->first));
+    m_.form.setText(C::txtMiliseconds, std::string(rest->second));
     return true;
 }
 
@@ -69,10 +57,7 @@ void RowLoader::loadImage() {
     loadEntryPicture(r);
     m_.form.selectOption(m_.rows.lRowInclude[r] == -1 ? C::optImageInclude : C::optImageNotInclude);
     const auto& rect = m_.rows.lRowRect[r];
-    m_.form.setText(C::txtTopX, std::to_string(rect[0]));
-    m_.form.setText(C::txtTopY, std::to_string(rect[1]));
-    m_.form.setText(C::txtBottomX, std::to_string(rect[2]));
-    m_.form.setText(C::txtBottomY, std::to_string(rect[3]));
+    for (std::size_t i = 0; i < rect.size(); ++i) m_.form.setText(kRectangleFields[i], std::to_string(rect[i]));
     ReferencePicture& picture = m_.picture;
     picture.iTopX = static_cast<std::int16_t>(rect[0]);
     picture.iTopY = static_cast<std::int16_t>(rect[1]);
@@ -86,13 +71,11 @@ void RowLoader::loadEntryPicture(std::size_t r) {
     ReferencePicture& picture = m_.picture;
     picture.iPicMaxX = static_cast<std::int16_t>(entry.lastX);
     picture.iPicMaxY = static_cast<std::int16_t>(entry.lastY);
-    for (int x = 0; x <= entry.lastX; ++x) {
-        for (int y = 0; y <= entry.lastY; ++y) {
-            if (!ReferencePicture::inStore(x, y)) continue;
-            picture.pixel(x, y) = entry.at(x, y);
-            m_.pictureBox.setPixel(x, y, entry.at(x, y));
-        }
-    }
+    for (int x = 0; x <= entry.lastX; ++x)
+        for (int y = 0; y <= entry.lastY; ++y)
+            if (ReferencePicture::inStore(x, y)) picture.pixel(x, y) = entry.at(x, y);
+    if (entry.pixels.empty()) return;
+    m_.pictureBox.draw(picture, entry.lastY + 1, entry.pixels.size());
 }
 
 // The reference pixels stay: only the rectangle is forgotten.
@@ -100,10 +83,7 @@ void RowLoader::dropImage() {
     m_.pictureBox.clear();
     ReferencePicture& picture = m_.picture;
     picture.iTopX = picture.iBottomX = picture.iTopY = picture.iBottomY = 0;
-    m_.form.setText(C::txtTopX, "");
-    m_.form.setText(C::txtBottomX, "");
-    m_.form.setText(C::txtTopY, "");
-    m_.form.setText(C::txtBottomY, "");
+    for (Ctl field : kRectangleFields) m_.form.setText(field, "");
     m_.form.setCheck(C::chkRecImage, 0);
 }
 

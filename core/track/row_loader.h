@@ -1,6 +1,6 @@
 #pragma once
 
-#include "window/window_model.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 

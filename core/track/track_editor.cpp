@@ -4,8 +4,8 @@
 #include "track/entry_writer.h"
 #include "track/interval_total.h"
 #include "track/row_loader.h"
-#include "window/entry_validation.h"
-#include "window/messages.h"
+#include "form/entry_validation.h"
+#include "form/message_texts.h"
 
 namespace quorlin {
 
@@ -37,7 +37,6 @@ void TrackEditor::cmdAddtoList_Click() {
     const int r = list_.growForNewEntry();
     m_.fgResult.setRow(r);
     writeEntry(m_, r);
-    m_.form.observer().gridChanged();
 }
 
 // Everything is checked before the entry is touched, so it is never left half written.
@@ -47,28 +46,21 @@ void TrackEditor::cmdUpdate_Click() {
     if (!countSelected() || !ValidateInput(m_.form, m_.locale, p_.dialogs)) return;
     if (!totalAccepted(checkUpdatingTotal(m_.form, p_.random), p_.dialogs) || !pictureFits()) return;
     writeEntry(m_, r);
-    m_.form.observer().gridChanged();
 }
 
 void TrackEditor::cmdRemove_Click() {
     const int r = m_.fgResult.row();
     if (r < 1 || r >= m_.fgResult.rowCount()) return;
     removeEntry(m_, r);
-    m_.form.observer().gridChanged();
 }
 
-void TrackEditor::cmdClearTrackList_Click() {
-    m_.fgResult.blankAll();
-    list_.fColInit();
-    forgetAllEntries(m_.rows);
-}
+void TrackEditor::cmdClearTrackList_Click() { list_.clear(); }
 
 // A click on the header row selects no entry and loads nothing.
 void TrackEditor::fgResult_Click(int row, int col) {
     if (row < 1 || row >= m_.fgResult.rowCount()) return;
     m_.fgResult.setRow(row);
     m_.fgResult.setCol(col);
-    m_.form.observer().gridChanged();
     RowLoader(m_).loadCurrentRow();
 }
 

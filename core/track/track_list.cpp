@@ -2,11 +2,12 @@
 
 #include <array>
 
+#include "track/entry_removal.h"
+
 namespace quorlin {
 
 namespace {
-constexpr std::array<const char*, kGridColumns> kHeaders = {
-    "#", "X", "Y", "Intr Type", "Interval", "Type", "Rep", "Fill", "Text", "Image"};
+const TrackGrid::Row kHeaders = {"#", "X", "Y", "Intr Type", "Interval", "Type", "Rep", "Fill", "Text", "Image"};
 constexpr std::array<int, kGridColumns> kWidths = {400, 600, 600, 800, 800, 800, 800, 400, 900, 400};
 }  // namespace
 
@@ -20,8 +21,13 @@ void TrackList::fColInit() {
     grid.setRowCount(2);
     grid.setRow(0);
     grid.setCol(0);
-    for (int c = 0; c < kGridColumns; ++c) grid.setCell(0, c, kHeaders[static_cast<std::size_t>(c)]);
-    m_.form.observer().gridChanged();
+    grid.setCells(0, kHeaders);
+}
+
+void TrackList::clear() {
+    m_.fgResult.blankAll();
+    fColInit();
+    forgetAllEntries(m_.rows);
 }
 
 int TrackList::growForNewEntry() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "window/window_model.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 
@@ -11,6 +11,8 @@ public:
 
     void setColumnWidths();
     void fColInit();
+    // Empties the list: every cell, and every entry's own stores.
+    void clear();
     // Makes room for a new entry at the end and answers its row: the blank row of an
     // empty list is filled, otherwise the grid grows by one row.
     int growForNewEntry();

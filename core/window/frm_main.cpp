@@ -37,10 +37,18 @@ void FrmMain::Form_Unload() {
 
 void FrmMain::Form_Paint() { capture_.Form_Paint(); }
 
+void FrmMain::timerTick(TimerId timer) {
+    switch (timer) {
+        case TimerId::tmrCount: return tmrCount_Timer();
+        case TimerId::tmrLoop: return tmrLoop_Timer();
+        case TimerId::timer: return timer_Timer();
+    }
+}
+
 // While the track list plays, Start would begin a second run inside the waiting of
 // the first (and a manual run would take over tmrCount); the run in progress carries on.
 void FrmMain::cmdStart_Click() {
-    if (trackRun_.playing()) return;
+    if (m_.trackRunActive) return;
     m_.run.bStop = false;
     if (m_.form.selected(Ctl::optManual)) runs_.StartManualRun();
     else trackRun_.StartTrackRun();
@@ -65,7 +73,7 @@ constexpr SpinRange kSpinButtons[] = {
 void FrmMain::spinButton(Ctl spin, int direction) {
     for (const SpinRange& range : kSpinButtons) {
         if (range.spin != spin) continue;
-        const double current = std::clamp(roundHalfEven(m_.valueOf(range.buddy)), -1e9, 1e9);
+        const double current = std::clamp(roundHalfEven(m_.form.valueOf(range.buddy)), -1e9, 1e9);
         const int next = std::clamp(static_cast<int>(current) + (direction > 0 ? 1 : -1), range.minimum, range.maximum);
         m_.form.setText(range.buddy, std::to_string(next));
     }

@@ -10,8 +10,8 @@
 #include "track/track_list.h"
 #include "window/help_and_links.h"
 #include "window/interlocks.h"
-#include "window/ports.h"
-#include "window/window_model.h"
+#include "ports/platform_ports.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 
@@ -27,7 +27,7 @@ public:
     WindowModel& model() { return m_; }
     const WindowModel& model() const { return m_; }
     const EntryForm& form() const { return m_.form; }
-    void setObserver(FormObserver* observer) { m_.form.setObserver(observer); }
+    void setObserver(FormObserver* observer) { m_.setObserver(observer); }
 
     // hWnd: the window's own handle, for staying on top.
     void Form_Load(WindowHandle hWnd);
@@ -47,6 +47,8 @@ public:
     void cmdStop_Click() { runs_.cmdStop_Click(); }
     void tmrCount_Timer() { runs_.tmrCount_Timer(); }
     void tmrLoop_Timer() { runs_.tmrLoop_Timer(); }
+    // A tick of one of the window's timers, handed to the timer's reaction.
+    void timerTick(TimerId timer);
 
     void timer_Timer() { help_.timer_Timer(); }
     void cmdHelp_Click() { help_.cmdHelp_Click(); }

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "ports/desktop.h"
-#include "window/window_model.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ports/desktop.h"
-#include "window/window_model.h"
+#include "model/window_model.h"
 
 namespace quorlin {
 

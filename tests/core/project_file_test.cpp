@@ -6,7 +6,6 @@
 
 #include "project/atomic_file.h"
 #include "support/test_window.h"
-#include "track_fixture.h"
 
 namespace quorlin::testing {
 namespace {
@@ -29,14 +28,16 @@ const std::string kExampleFile =
     lines({"0", "1", "16711680", "16777215", "-1", "100", "50", "100", "51"});
 
 // Project files in a folder of their own, chosen through the dialog.
-class ProjectFile : public TrackFixture {
-protected:
+class ProjectFile : public ::testing::Test {
+public:
+    TestWindow w;
+    WindowModel& m = w.model();
     fs::path dir = fs::temp_directory_path() / ("quorlin-project-" + std::to_string(::getpid()));
     fs::path file = dir / "setup.tpl";
 
     void SetUp() override {
-        TrackFixture::SetUp();
         fs::create_directories(dir);
+        w.typeAll({{C::txtX, "10"}, {C::txtY, "20"}});
     }
     void TearDown() override { fs::remove_all(dir); }
 
@@ -53,35 +54,26 @@ protected:
         std::ifstream in(file, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(in), {});
     }
-    void row(int r, const Cells& cells) {
-        m().fgResult.setRowCount(std::max(m().fgResult.rowCount(), r + 1));
-        for (int c = 0; c < kGridColumns; ++c) m().fgResult.setCell(r, c, cells[static_cast<std::size_t>(c)]);
-        m().rows.sRowCells[static_cast<std::size_t>(r)] = cells;
-        m().rows.bRowImage[static_cast<std::size_t>(r)] = cells[colImage] == "Yes";
-        m().vFirstRowUsed = true;
-    }
     // The window of the example file, set up control by control.
     void exampleWindow() {
         w.frm.setCheck(C::chkRecImage, 1);
-        for (auto [field, text] : {std::pair{C::txtTopX, "10"}, {C::txtTopY, "20"}, {C::txtBottomX, "11"},
-                                   {C::txtBottomY, "21"}, {C::txtCount, "5"}, {C::txtX, "200"}, {C::txtY, "150"},
-                                   {C::txtFromSec, "1"}, {C::txtToSec, "5"}})
-            w.type(field, text);
+        w.typeAll({{C::txtTopX, "10"}, {C::txtTopY, "20"}, {C::txtBottomX, "11"}, {C::txtBottomY, "21"},
+                   {C::txtCount, "5"}, {C::txtX, "200"}, {C::txtY, "150"}, {C::txtFromSec, "1"}, {C::txtToSec, "5"}});
         w.frm.selectOption(C::optApplication);
-        ReferencePicture& p = m().picture;
+        ReferencePicture& p = m.picture;
         p.iPicMaxX = p.iPicMaxY = 1;
         p.pixel(0, 0) = 16777215;
         p.pixel(0, 1) = 0;
         p.pixel(1, 0) = 255;
         p.pixel(1, 1) = 65280;
-        row(1, {"1", "200", "150", "Custom", "0:3:0", "Click", "5", "No", "", "No"});
-        row(2, {"2", "640", "300", "Random", "1:5", "DBClick", "2", "Yes", "hello", "Yes"});
-        RowPicture& rp = m().rows.lRowPixels[2];
+        w.putRow(1, {"1", "200", "150", "Custom", "0:3:0", "Click", "5", "No", "", "No"});
+        w.putRow(2, {"2", "640", "300", "Random", "1:5", "DBClick", "2", "Yes", "hello", "Yes"});
+        RowPicture& rp = m.rows.lRowPixels[2];
         rp.resize(0, 1);
         rp.at(0, 0) = 16711680;
         rp.at(0, 1) = 16777215;
-        m().rows.lRowInclude[2] = -1;
-        m().rows.lRowRect[2] = {100, 50, 100, 51};
+        m.rows.lRowInclude[2] = -1;
+        m.rows.lRowRect[2] = {100, 50, 100, 51};
     }
 };
 
@@ -92,25 +84,25 @@ TEST_F(ProjectFile, TheExampleSetupIsWrittenByteForByte) {
     EXPECT_EQ(w.dialogs.shown.back().title, "Load Attachement");
     EXPECT_EQ(w.dialogs.shown.back().filterPattern, "*.tpl");
     EXPECT_EQ(w.dialogs.shown.back().defaultExtension, "tpl");
-    EXPECT_EQ(m().fgResult.row(), 2);
-    EXPECT_EQ(m().fgResult.col(), 9);
+    EXPECT_EQ(m.fgResult.row(), 2);
+    EXPECT_EQ(m.fgResult.col(), 9);
 }
 
 TEST_F(ProjectFile, TheExampleFileLoadsBackIntoTheSameWindow) {
     load(kExampleFile);
-    EXPECT_EQ(w.form().text(C::txtTopX), "10");
-    EXPECT_EQ(m().picture.iBottomY, 21);
-    EXPECT_EQ(m().picture.pixel(1, 1), 65280);
-    EXPECT_EQ(m().rows.lRowPixels[2].at(0, 0), 16711680);
-    EXPECT_EQ(m().picture.pixel(0, 0), 16711680) << "row pictures lie over the main picture";
+    EXPECT_EQ(w.text(C::txtTopX), "10");
+    EXPECT_EQ(m.picture.iBottomY, 21);
+    EXPECT_EQ(m.picture.pixel(1, 1), 65280);
+    EXPECT_EQ(m.rows.lRowPixels[2].at(0, 0), 16711680);
+    EXPECT_EQ(m.picture.pixel(0, 0), 16711680) << "row pictures lie over the main picture";
     EXPECT_TRUE(w.form().selected(C::optApplication));
-    EXPECT_EQ(m().step.ClickKind, "Click");
-    EXPECT_EQ(m().fgResult.rowCount(), 3);
-    EXPECT_EQ(m().fgResult.cell(2, colText), "hello");
-    EXPECT_EQ(m().rows.lRowRect[2], (std::array<std::int32_t, 4>{100, 50, 100, 51}));
-    EXPECT_EQ(m().rows.lRowInclude[2], -1);
-    EXPECT_EQ(m().fgResult.row(), 2);
-    EXPECT_EQ(m().fgResult.col(), 9);
+    EXPECT_EQ(m.step.ClickKind, "Click");
+    EXPECT_EQ(m.fgResult.rowCount(), 3);
+    EXPECT_EQ(m.fgResult.cell(2, colText), "hello");
+    EXPECT_EQ(m.rows.lRowRect[2], (std::array<std::int32_t, 4>{100, 50, 100, 51}));
+    EXPECT_EQ(m.rows.lRowInclude[2], -1);
+    EXPECT_EQ(m.fgResult.row(), 2);
+    EXPECT_EQ(m.fgResult.col(), 9);
     save();
     std::string overlaid = kExampleFile;
     overlaid.replace(overlaid.find("16777215\r\n0\r\n255"), 13, "16711680\r\n16777215\r\n");
@@ -130,9 +122,9 @@ TEST_F(ProjectFile, MultiLineAndNonAsciiTextsSurviveASaveAndALoad) {
     TestWindow other;
     other.dialogs.answers.push(file.string());
     other.frm.cmdLoad_Click();
-    EXPECT_EQ(other.form().text(C::txtText), "Grüße\r\nline two\r\n");
+    EXPECT_EQ(other.text(C::txtText), "Grüße\r\nline two\r\n");
     EXPECT_EQ(other.model().fgResult.cell(1, colText), "Grüße\r\nline two\r\n");
-    EXPECT_EQ(other.form().text(C::txtX), "€5");
+    EXPECT_EQ(other.text(C::txtX), "€5");
 }
 
 TEST_F(ProjectFile, ACharacterTheCodePageLacksIsWrittenAsAQuestionMark) {
@@ -145,134 +137,132 @@ TEST_F(ProjectFile, FilesWithLoneLineFeedsLoadToo) {
     std::string unix = kExampleFile;
     for (std::size_t at = unix.find("\r\n"); at != std::string::npos; at = unix.find("\r\n", at)) unix.erase(at, 1);
     load(unix);
-    EXPECT_EQ(m().fgResult.cell(2, colText), "hello");
-    EXPECT_EQ(m().rows.lRowRect[2][3], 51);
+    EXPECT_EQ(m.fgResult.cell(2, colText), "hello");
+    EXPECT_EQ(m.rows.lRowRect[2][3], 51);
+}
+
+std::string imageOff(std::initializer_list<const char*> first7 = {"True", "False", "", "", "", "", "0"}) {
+    return lines(first7);
+}
+// The run settings with the click-type lines given: Click, DBClick, RightClick.
+std::string runSettings(const char* click = "True", const char* dbClick = "False", const char* rightClick = "False") {
+    return lines({"False", "True", "True", "0", "", "True", "False", "False", "True", "1", "True", "False", click,
+                  dbClick, rightClick, "1", "1", "1", "0", "3", "0", "", ""});
+}
+std::string record(const char* n, const char* image = "No") {
+    return lines({n, "1", "1", "Custom", "0:3:0", "Click", "1", "No", "", image, "False", image});
 }
 
 struct LoadCase {
     const char* name;
     std::string file;
     std::function<void(ProjectFile&)> check;
+    std::function<void(ProjectFile&)> before = [](ProjectFile&) {};
 };
 
-std::string imageOff(std::initializer_list<const char*> first7 = {"True", "False", "", "", "", "", "0"}) {
-    return lines(first7);
-}
-std::string runSettings() {
-    return lines({"False", "True", "True", "0", "", "True", "False", "False", "True", "1", "True", "False", "True",
-                  "False", "False", "1", "1", "1", "0", "3", "0", "", ""});
-}
-std::string record(const char* n, const char* image = "No") {
-    return lines({n, "1", "1", "Custom", "0:3:0", "Click", "1", "No", "", image, "False", image});
-}
+const LoadCase kLoads[] = {
+    {"EndsAfterTheRunSettingsWithTheListEmpty", imageOff() + runSettings(), [](ProjectFile& t) {
+         EXPECT_FALSE(t.m.vFirstRowUsed);
+         t.w.frm.cmdAddtoList_Click();
+         EXPECT_EQ(t.m.fgResult.rowCount(), 2);
+     }},
+    {"AnEmptyRecordIsAnEntry", imageOff() + runSettings() + lines({"", "", "", "", "", "", "", "", "", "", "False", ""}),
+     [](ProjectFile& t) {
+         EXPECT_TRUE(t.m.vFirstRowUsed);
+         t.w.frm.cmdAddtoList_Click();
+         EXPECT_EQ(t.m.fgResult.rowCount(), 3);
+     }},
+    {"AnExtraEmptyLineAddsARowAndEnds", imageOff() + runSettings() + record("1") + "\r\n", [](ProjectFile& t) {
+         EXPECT_EQ(t.m.fgResult.rowCount(), 3);
+         EXPECT_EQ(t.m.fgResult.cell(2, 0), "");
+     }},
+    {"AThirtyFirstRecordIsNotLoaded", [] {
+         std::string file = imageOff() + runSettings();
+         for (int i = 1; i <= 31; ++i) file += record(std::to_string(i).c_str());
+         return file;
+     }(), [](ProjectFile& t) {
+         EXPECT_EQ(t.m.fgResult.rowCount(), 31);
+         EXPECT_EQ(t.m.fgResult.cell(30, 0), "30");
+     }},
+    {"OptionLinesMustBeExactlyTrue", imageOff({"True ", "true", "", "", "", "", "0"}) + runSettings(),
+     [](ProjectFile& t) {
+         EXPECT_FALSE(t.w.form().selected(C::optImageInclude));
+         EXPECT_FALSE(t.w.form().selected(C::optImageNotInclude));
+     }},
+    {"IntervalOptionsBothFalseKeepTheFormerChoice", imageOff() + "False\r\nFalse\r\n" + runSettings().substr(13),
+     [](ProjectFile& t) { EXPECT_TRUE(t.w.form().selected(C::optRandom)); },
+     [](ProjectFile& t) { t.w.frm.selectOption(C::optRandom); }},
+    {"DoubleClickType", imageOff() + runSettings("False", "True", "False"),
+     [](ProjectFile& t) { EXPECT_EQ(t.m.step.ClickKind, "DBClick"); }},
+    {"RightClickType", imageOff() + runSettings("False", "False", "True"),
+     [](ProjectFile& t) { EXPECT_EQ(t.m.step.ClickKind, "RightClick"); },
+     [](ProjectFile& t) { t.w.frm.selectOption(C::optDbClick); }},
+    {"CheckLinesOtherThanOneClear", imageOff({"True", "False", "", "", "", "", "2"}) + runSettings(),
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.w.form().value(C::chkRecImage), 0);
+         EXPECT_EQ(t.w.text(C::txtY), "1") << "the load went on";
+     },
+     [](ProjectFile& t) { t.w.frm.setCheck(C::chkRecImage, 1); }},
+    {"ACheckLineOfTextStops", imageOff({"True", "False", "", "", "", "", "x"}) + runSettings(),
+     [](ProjectFile& t) { EXPECT_EQ(t.w.text(C::txtY), "keep"); },
+     [](ProjectFile& t) { t.w.type(C::txtY, "keep"); }},
+    {"CornersTakeTheLeadingNumberAndStopOutsideSixteenBits",
+     imageOff({"True", "False", "12abc", "40000", "", "", "0"}) + runSettings(), [](ProjectFile& t) {
+         EXPECT_EQ(t.w.text(C::txtTopX), "12abc");
+         EXPECT_EQ(t.m.picture.iTopX, 12);
+         EXPECT_EQ(t.w.text(C::txtTopY), "40000");
+         EXPECT_EQ(t.w.text(C::txtBottomX), "") << "the load stopped after the corner 40000";
+     }},
+    {"MainPicturePixelsAreLenientRowPixelsStrict",
+     lines({"True", "False", "0", "0", "0", "0", "1", "0", "0", "abc"}) + runSettings() +
+         lines({"1", "1", "1", "Custom", "0:3:0", "Click", "1", "No", "", "Yes", "True", "Yes", "0", "0", "abc"}),
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.m.picture.pixel(0, 0), 0);
+         EXPECT_TRUE(t.w.form().enabled(C::picScreen));
+         EXPECT_EQ(t.m.fgResult.cell(1, colImage), "Yes");
+         EXPECT_FALSE(t.m.rows.bRowImage[1]) << "the load stopped at the row pixel";
+     }},
+    {"AnEmptyIncludeLineReadsAsZero",
+     imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "", "1", "2", "3", "4"}) + record("2"),
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.m.rows.lRowInclude[1], 0);
+         EXPECT_EQ(t.m.rows.lRowRect[1], (std::array<std::int32_t, 4>{1, 2, 3, 4}));
+         EXPECT_EQ(t.m.fgResult.rowCount(), 3);
+     }},
+    {"ARecordWithoutImageReadsFollowingPictureLinesAsTheNextRecord",
+     imageOff() + runSettings() + record("1") + lines({"0", "0", "255", "-1", "1", "2", "1", "2"}), [](ProjectFile& t) {
+         EXPECT_EQ(t.m.fgResult.rowCount(), 3);
+         EXPECT_EQ(t.m.fgResult.cell(2, 2), "255");
+     }},
+};
 
-TEST_F(ProjectFile, EndsAfterTheRunSettingsWithTheListEmpty) {
-    load(imageOff() + runSettings());
-    EXPECT_FALSE(m().vFirstRowUsed);
-    EXPECT_EQ(m().fgResult.rowCount(), 2);
-    w.frm.cmdAddtoList_Click();
-    EXPECT_EQ(m().fgResult.rowCount(), 2);
-}
+class ProjectLoad : public ProjectFile, public ::testing::WithParamInterface<LoadCase> {};
 
-TEST_F(ProjectFile, AnEmptyListFileGivesOneRowOfEmptyCells) {
-    load(imageOff() + runSettings() + lines({"", "", "", "", "", "", "", "", "", "", "False", ""}));
-    EXPECT_TRUE(m().vFirstRowUsed);
-    w.frm.cmdAddtoList_Click();
-    EXPECT_EQ(m().fgResult.rowCount(), 3);
-}
-
-TEST_F(ProjectFile, AnExtraEmptyLineAddsARowAndEnds) {
-    load(imageOff() + runSettings() + record("1") + "\r\n");
-    EXPECT_EQ(m().fgResult.rowCount(), 3);
-    EXPECT_EQ(m().fgResult.cell(2, 0), "");
-}
-
-TEST_F(ProjectFile, AThirtyFirstRecordIsNotLoaded) {
-    std::string file = imageOff() + runSettings();
-    for (int i = 1; i <= 31; ++i) file += record(std::to_string(i).c_str());
-    load(file);
-    EXPECT_EQ(m().fgResult.rowCount(), 31);
-    EXPECT_EQ(m().fgResult.cell(30, 0), "30");
-}
-
-TEST_F(ProjectFile, OptionLinesMustBeExactlyTrue) {
-    load(imageOff({"True ", "true", "", "", "", "", "0"}) + runSettings());
-    EXPECT_FALSE(w.form().selected(C::optImageInclude));
-    EXPECT_FALSE(w.form().selected(C::optImageNotInclude));
-}
-
-TEST_F(ProjectFile, IntervalOptionsBothFalseKeepTheFormerChoice) {
-    w.frm.selectOption(C::optRandom);
-    std::string settings = runSettings();
-    settings.replace(0, std::string("False\r\nTrue").size(), "False\r\nFalse");
-    load(imageOff() + settings);
-    EXPECT_TRUE(w.form().selected(C::optRandom));
-}
-
-TEST_F(ProjectFile, CheckLinesClearOnOtherNumbersAndStopOnText) {
-    w.frm.setCheck(C::chkRecImage, 1);
-    load(imageOff({"True", "False", "", "", "", "", "2"}) + runSettings());
-    EXPECT_EQ(w.form().value(C::chkRecImage), 0);
-    EXPECT_EQ(w.form().text(C::txtY), "1") << "the load went on";
-
-    w.frm.setCheck(C::chkRecImage, 1);
-    load(imageOff({"True", "False", "", "", "", "", ""}) + runSettings());
-    EXPECT_EQ(w.form().value(C::chkRecImage), 0);
-
-    w.type(C::txtY, "keep");
-    load(imageOff({"True", "False", "", "", "", "", "x"}) + runSettings());
-    EXPECT_EQ(w.form().text(C::txtY), "keep") << "the load stopped at the check line";
-}
-
-TEST_F(ProjectFile, CornersTakeTheLeadingNumberAndStopOutsideSixteenBits) {
-    load(imageOff({"True", "False", "12abc", "40000", "", "", "0"}) + runSettings());
-    EXPECT_EQ(w.form().text(C::txtTopX), "12abc");
-    EXPECT_EQ(m().picture.iTopX, 12);
-    EXPECT_EQ(w.form().text(C::txtTopY), "40000");
-    EXPECT_EQ(w.form().text(C::txtBottomX), "") << "the load stopped after the corner 40000";
-}
-
-TEST_F(ProjectFile, MainPicturePixelsAreLenientRowPixelsStrict) {
-    load(lines({"True", "False", "0", "0", "0", "0", "1", "0", "0", "abc"}) + runSettings() +
-         lines({"1", "1", "1", "Custom", "0:3:0", "Click", "1", "No", "", "Yes", "True", "Yes", "0", "0", "abc"}));
-    EXPECT_EQ(m().picture.pixel(0, 0), 0);
-    EXPECT_TRUE(w.form().enabled(C::picScreen));
-    EXPECT_EQ(m().fgResult.cell(1, colImage), "Yes");
-    EXPECT_FALSE(m().rows.bRowImage[1]) << "the load stopped at the row pixel";
+TEST_P(ProjectLoad, ReadsPositionByPositionAndStopsAtTheFirstUnreadableLine) {
+    GetParam().before(*this);
+    load(GetParam().file);
+    GetParam().check(*this);
 }
 
-TEST_F(ProjectFile, ARecordWithoutImageReadsFollowingPictureLinesAsTheNextRecord) {
-    load(imageOff() + runSettings() + record("1") + lines({"0", "0", "255", "-1", "1", "2", "1", "2"}));
-    EXPECT_EQ(m().fgResult.rowCount(), 3);
-    EXPECT_EQ(m().fgResult.cell(2, 0), "0");
-    EXPECT_EQ(m().fgResult.cell(2, 2), "255");
-}
+INSTANTIATE_TEST_SUITE_P(Files, ProjectLoad, ::testing::ValuesIn(kLoads),
+                         [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(ProjectFile, LoadingTwiceGivesTheSameWindow) {
-    load(kExampleFile);
-    save();
-    const std::string once = saved();
-    w.dialogs.answers.push(file.string());
-    w.frm.cmdLoad_Click();
-    EXPECT_EQ(m().fgResult.rowCount(), 3);
-    save();
-    EXPECT_EQ(saved(), once);
-}
-
-TEST_F(ProjectFile, CancelOrAMissingFileLeavesTheListAndBoxEmptiedAndTheFieldsAsTheyWere) {
-    addAt("7");
-    m().pictureBox.setPixel(0, 0, 5);
+TEST_F(ProjectFile, CancelOrAMissingFileEmptiesTheListTheBoxAndTheEntriesStores) {
+    w.addAt("7", 100);
     w.frm.cmdLoad_Click();  // the dialog is cancelled
-    EXPECT_FALSE(m().vFirstRowUsed);
-    EXPECT_EQ(m().fgResult.cell(1, colX), "");
-    EXPECT_EQ(m().pictureBox.pixel(0, 0), PictureBox::kBackground);
-    EXPECT_EQ(w.form().text(C::txtX), "7");
+    EXPECT_FALSE(m.vFirstRowUsed);
+    EXPECT_EQ(m.fgResult.cell(1, colX), "");
+    EXPECT_EQ(m.pictureBox.pixel(0, 0), PictureBox::kBackground);
+    EXPECT_EQ(w.text(C::txtX), "7");
+    save();
+    EXPECT_TRUE(saved().ends_with(lines({"", "", "", "", "", "", "", "", "", "", "False", ""})))
+        << "the blank record keeps nothing of the former entry";
 
-    addAt("8");
+    w.addAt("8");
     w.dialogs.answers.push((dir / "missing.tpl").string());
     w.frm.cmdLoad_Click();
-    EXPECT_FALSE(m().vFirstRowUsed);
-    EXPECT_EQ(w.form().text(C::txtX), "8");
+    EXPECT_FALSE(m.vFirstRowUsed);
+    EXPECT_EQ(w.text(C::txtX), "8");
 }
 
 TEST_F(ProjectFile, AFailedSaveLeavesTheFormerFileByteForByte) {

@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "text/colon_split.h"
+#include "text/plain_integer.h"
 #include "text/value_of_text.h"
 
 namespace quorlin {
@@ -56,29 +58,33 @@ TEST(WholeNumberLocale, APeriodAlwaysWorksAndOnlyTheLocaleAddsAComma) {
     EXPECT_EQ(wholeNumber("2,5", NumberLocale{"."}), std::nullopt);
 }
 
-TEST(Rounding, HalvesGoToTheEvenNeighbour) {
-    EXPECT_EQ(roundHalfEven(0.5), 0);
-    EXPECT_EQ(roundHalfEven(1.5), 2);
-    EXPECT_EQ(roundHalfEven(2.5), 2);
-    EXPECT_EQ(roundHalfEven(-2.5), -2);
-    EXPECT_EQ(roundHalfEven(-3.5), -4);
-    EXPECT_EQ(roundHalfEven(12.5), 12);
-    EXPECT_EQ(roundHalfEven(13.5), 14);
-    EXPECT_EQ(roundHalfEven(2.4999), 2);
-    EXPECT_EQ(roundHalfEven(-0.6), -1);
-}
-
-TEST(Rounding, IntoSixteenAndThirtyTwoBitsFailsOutsideTheRange) {
+TEST(Rounding, HalvesGoToTheEvenNeighbourAndFailOutsideTheTarget) {
+    const std::pair<double, double> halves[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-2.5, -2}, {-3.5, -4},
+                                                {13.5, 14}, {2.4999, 2}, {-0.6, -1}};
+    for (auto [value, rounded] : halves) EXPECT_EQ(roundHalfEven(value), rounded) << value;
     EXPECT_EQ(toInt16(32767.4), 32767);
     EXPECT_EQ(toInt16(32767.5), std::nullopt);
     EXPECT_EQ(toInt16(-32768.5), -32768);
     EXPECT_EQ(toInt16(-32769), std::nullopt);
-    EXPECT_EQ(toInt16(40000), std::nullopt);
-    EXPECT_EQ(toInt32(2147483647.0), 2147483647);
     EXPECT_EQ(toInt32(2147483648.0), std::nullopt);
     EXPECT_EQ(toInt32(-2147483648.0), -2147483647 - 1);
-    EXPECT_EQ(toInt32(INFINITY), std::nullopt);
     EXPECT_EQ(toInt32(NAN), std::nullopt);
+    EXPECT_EQ(clampToInt32(3e10), 2147483647);
+    EXPECT_EQ(clampToInt32(-3e10), -2147483647 - 1);
+    EXPECT_EQ(clampToInt32(-7.5), -8);
+}
+
+TEST(PlainInteger, IsOnlyASignAndUpToTenDigitsWithin32Bits) {
+    EXPECT_EQ(parsePlainInteger("-2147483648"), -2147483647 - 1);
+    EXPECT_EQ(parsePlainInteger("0000000042"), 42);
+    for (const char* text : {"", "-", "2147483648", "00000000001", "+1", " 1", "1 ", "1.0", "-0x1"})
+        EXPECT_EQ(parsePlainInteger(text), std::nullopt) << text;
+}
+
+TEST(ColonSplit, CutsAtTheFirstColonOnly) {
+    EXPECT_EQ(splitAtColon("1:2:3"), (std::pair<std::string_view, std::string_view>{"1", "2:3"}));
+    EXPECT_EQ(splitAtColon(":"), (std::pair<std::string_view, std::string_view>{"", ""}));
+    EXPECT_EQ(splitAtColon("25"), std::nullopt);
 }
 
 }  // namespace

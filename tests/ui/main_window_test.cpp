@@ -25,10 +25,7 @@ struct UiWindow {
     FakeDialogs dialogs;
     ScriptedRandom random;
     FrmMain* frmPointer = nullptr;
-    qt::QtTimers timers{[this](TimerId id) {
-        if (id == TimerId::tmrCount) frmPointer->tmrCount_Timer();
-        if (id == TimerId::tmrLoop) frmPointer->tmrLoop_Timer();
-    }};
+    qt::QtTimers timers{[this](TimerId id) { frmPointer->timerTick(id); }};
     qt::QtEventPump pump;
     FrmMain frm{Ports{desktop, screen, timers, pump, dialogs, random}};
     qt::MainWindow window{frm};
@@ -154,13 +151,10 @@ TEST(MainWindowUi, OnlyAUsersClickOnARowLoadsIt) {
     UiWindow ui;
     WindowModel& m = ui.frm.model();
     m.fgResult.setRowCount(3);
-    const char* rows[2][10] = {{"1", "11", "12", "Custom", "0:1:0", "Click", "1", "No", "", "No"},
-                               {"2", "21", "22", "Custom", "0:2:0", "Click", "1", "No", "", "No"}};
-    for (int r = 1; r <= 2; ++r)
-        for (int c = 0; c < kGridColumns; ++c) m.fgResult.setCell(r, c, rows[r - 1][c]);
+    m.setEntryCells(1, {"1", "11", "12", "Custom", "0:1:0", "Click", "1", "No", "", "No"});
+    m.setEntryCells(2, {"2", "21", "22", "Custom", "0:2:0", "Click", "1", "No", "", "No"});
     m.vFirstRowUsed = true;
     m.fgResult.setRow(2);
-    m.form.observer().gridChanged();
     EXPECT_EQ(ui.window.grid()->currentRow(), 2);
     EXPECT_EQ(ui.frm.form().text(Ctl::txtX), "") << "a program move of the current cell loads nothing";
 

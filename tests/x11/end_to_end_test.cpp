@@ -20,10 +20,7 @@ struct X11Window {
     FrmMain frm{Ports{desktop, screen, clock, clock, dialogs, random}};
 
     X11Window() {
-        clock.onTick = [this](TimerId id) {
-            if (id == TimerId::tmrCount) frm.tmrCount_Timer();
-            if (id == TimerId::tmrLoop) frm.tmrLoop_Timer();
-        };
+        clock.onTick = [this](TimerId id) { frm.timerTick(id); };
         frm.Form_Load(0);
         frm.selectOption(Ctl::optApplication);
     }
@@ -55,7 +52,7 @@ TEST(EndToEnd, TheReadoutShowsWhereTheRealPointerIs) {
     X11Window w;
     XWarpPointer(w.connection.display(), None, w.connection.root(), 0, 0, 0, 0, 123, 45);
     XSync(w.connection.display(), False);
-    w.frm.timer_Timer();
+    w.frm.timerTick(TimerId::timer);
     EXPECT_EQ(w.frm.form().text(Ctl::lblXPos), "123");
     EXPECT_EQ(w.frm.form().text(Ctl::lblYPos), "45");
 }

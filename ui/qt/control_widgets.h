@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "picture/picture_box.h"
+#include "model/picture_box.h"
 
 namespace quorlin::qt {
 

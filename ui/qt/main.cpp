@@ -20,9 +20,7 @@ int main(int argc, char** argv) {
         quorlin::FrmMain* frmPointer = nullptr;
         quorlin::qt::QtTimers timers([&frmPointer](quorlin::TimerId id) {
             if (!frmPointer) return;
-            if (id == quorlin::TimerId::tmrCount) frmPointer->tmrCount_Timer();
-            if (id == quorlin::TimerId::tmrLoop) frmPointer->tmrLoop_Timer();
-            if (id == quorlin::TimerId::timer) frmPointer->timer_Timer();
+            frmPointer->timerTick(id);
         });
         quorlin::qt::QtEventPump pump;
         quorlin::qt::QtDialogs dialogs;

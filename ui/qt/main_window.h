@@ -4,7 +4,7 @@
 #include <array>
 
 #include "window/frm_main.h"
-#include "window/layout.h"
+#include "form/layout.h"
 
 class QTableWidget;
 

@@ -5,7 +5,7 @@
 #include <QLocale>
 #include <QMessageBox>
 
-#include "window/layout.h"
+#include "form/layout.h"
 
 namespace quorlin::qt {
 

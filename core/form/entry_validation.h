@@ -2,7 +2,7 @@
 
 #include "ports/dialogs.h"
 #include "text/value_of_text.h"
-#include "window/entry_form.h"
+#include "form/entry_form.h"
 
 namespace quorlin {
 

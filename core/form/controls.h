@@ -28,6 +28,9 @@ inline constexpr std::size_t kControlCount = static_cast<std::size_t>(Ctl::frmMa
 
 inline constexpr std::size_t indexOf(Ctl c) { return static_cast<std::size_t>(c); }
 
+// The four corners of the picture rectangle, in the order the window and its files use.
+inline constexpr Ctl kRectangleFields[] = {Ctl::txtTopX, Ctl::txtTopY, Ctl::txtBottomX, Ctl::txtBottomY};
+
 enum class ControlKind : std::uint8_t {
     Frame, Option, CheckBox, TextField, MultiLineText, Label, Button, PictureBox, Grid, SpinButton,
 };

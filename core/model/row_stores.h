@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "ports/screen_reader.h"
-#include "track/track_grid.h"
+#include "model/track_grid.h"
 
 namespace quorlin {
 

@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "form/entry_form.h"
+
 namespace quorlin {
 
 inline constexpr int kMaxEntries = 30;
@@ -16,7 +18,7 @@ enum GridColumn : int {
 
 // The grid fgResult: row 0 is the header, rows 1.. the entries of the track list.
 // Cell texts are read and written at any row; the current cell is what the grid
-// shows selected and what several commands act on.
+// shows selected and what several commands act on. Every change is told to the observer.
 class TrackGrid {
 public:
     using Row = std::array<std::string, kGridColumns>;
@@ -25,29 +27,36 @@ public:
 
     int rowCount() const { return static_cast<int>(rows_.size()); }
     // Growing appends blank rows at the end, shrinking drops rows from the end.
-    void setRowCount(int count) { rows_.resize(static_cast<std::size_t>(count)); }
-    void removeRow(int r) { rows_.erase(rows_.begin() + r); }
-    void blankAll() {
-        for (Row& row : rows_) row.fill(std::string());
-    }
+    void setRowCount(int count);
+    void removeRow(int r);
+    void blankAll();
 
     int row() const { return row_; }
     int col() const { return col_; }
-    void setRow(int r) { row_ = r; }
-    void setCol(int c) { col_ = c; }
+    void setRow(int r);
+    void setCol(int c);
 
     const std::string& cell(int r, int c) const { return rows_[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)]; }
-    void setCell(int r, int c, std::string text) { rows_[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)] = std::move(text); }
+    const Row& cells(int r) const { return rows_[static_cast<std::size_t>(r)]; }
+    void setCell(int r, int c, std::string text);
+    void setCells(int r, Row cells);
     const std::string& currentCell() const { return cell(row_, col_); }
 
     int colWidth(int c) const { return widths_[static_cast<std::size_t>(c)]; }
-    void setColWidth(int c, int twips) { widths_[static_cast<std::size_t>(c)] = twips; }
+    void setColWidth(int c, int twips);
+
+    void setObserver(FormObserver* observer) { observer_ = observer; }
 
 private:
+    void changed() {
+        if (observer_) observer_->gridChanged();
+    }
+
     std::vector<Row> rows_;
     int row_ = 0;
     int col_ = 0;
     std::array<int, kGridColumns> widths_{};
+    FormObserver* observer_ = nullptr;
 };
 
 }  // namespace quorlin

@@ -1,24 +1,21 @@
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
-#include "picture/picture_box.h"
-#include "picture/reference_picture.h"
+#include "form/entry_form.h"
+#include "model/picture_box.h"
+#include "model/reference_picture.h"
+#include "model/row_stores.h"
+#include "model/run_state.h"
+#include "model/step_condition.h"
+#include "model/step_inputs.h"
+#include "model/track_grid.h"
 #include "ports/desktop.h"
-#include "run/run_state.h"
-#include "run/step_inputs.h"
 #include "text/value_of_text.h"
-#include "track/row_stores.h"
-#include "track/track_grid.h"
-#include "window/entry_form.h"
 
 namespace quorlin {
-
-// The image condition of one click step.
-struct StepCondition {
-    bool hasImage = false;
-    ScreenRect rect;
-};
 
 // All state of the main window; it lives as long as the window.
 struct WindowModel {
@@ -35,8 +32,13 @@ struct WindowModel {
     StepCondition manualCondition;
     // A track-list run is playing; its ticks of tmrCount click the grid's current row.
     bool trackRunActive = false;
-    // A click step is running; ticks that fall due meanwhile start no second one.
-    bool clickInProgress = false;
+    // Every run that arms tmrCount takes a new number, so that the ticks of a run started
+    // inside another run's step are told apart from those of the run they interrupted.
+    std::uint32_t countRun = 0;
+    // The counted run whose click step is in progress; its ticks meanwhile start no second step.
+    std::optional<std::uint32_t> countRunClicking;
+    // The endless run's click step is in progress.
+    bool loopClicking = false;
     // The window is closing: every run ends at its next chance.
     bool closing = false;
 
@@ -53,8 +55,18 @@ struct WindowModel {
         return {rows.bRowImage[static_cast<std::size_t>(r)], {rect[0], rect[1], rect[2], rect[3]}};
     }
 
-    // The value of a field's text as a number (the number it begins with).
-    double valueOf(Ctl field) const { return leadingNumber(form.text(field)); }
+    // One observer is told of every change of the controls, the grid and the picture box.
+    void setObserver(FormObserver* observer) {
+        form.setObserver(observer);
+        fgResult.setObserver(observer);
+        pictureBox.setObserver(observer);
+    }
+
+    // Writes the ten cells of entry r into the grid and into the entry's own store.
+    void setEntryCells(int r, const TrackGrid::Row& cells) {
+        fgResult.setCells(r, cells);
+        rows.sRowCells[static_cast<std::size_t>(r)] = cells;
+    }
 };
 
 }  // namespace quorlin

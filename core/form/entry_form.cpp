@@ -1,7 +1,9 @@
-#include "window/entry_form.h"
+#include "form/entry_form.h"
 
 #include <algorithm>
 #include <utility>
+
+#include "text/value_of_text.h"
 
 namespace quorlin {
 
@@ -69,6 +71,8 @@ EntryForm::EntryForm() {
     at(Ctl::txtComments).visible = false;
     at(Ctl::txtComm2).visible = false;
 }
+
+double EntryForm::valueOf(Ctl field) const { return leadingNumber(text(field)); }
 
 void EntryForm::selectOption(Ctl option) {
     if (at(option).selected) return;

@@ -4,7 +4,7 @@
 #include <span>
 #include <string>
 
-#include "window/controls.h"
+#include "form/controls.h"
 
 namespace quorlin {
 
@@ -46,6 +46,8 @@ public:
     int value(Ctl c) const { return (*this)[c].value; }
     bool enabled(Ctl c) const { return (*this)[c].enabled; }
     bool visible(Ctl c) const { return (*this)[c].visible; }
+    // The value of the field's text: the number it begins with, 0 for none.
+    double valueOf(Ctl field) const;
 
     // Changes that raise the control's reaction, exactly as when the user makes them.
     // Selecting deselects the rest of the option's group; the reaction runs only when
@@ -65,14 +67,14 @@ public:
 
     void setObserver(FormObserver* observer) { observer_ = observer; }
     void setReactions(ReactionSink* reactions) { reactions_ = reactions; }
-    FormObserver& observer() { return observer_ ? *observer_ : silent_; }
 
 private:
     ControlState& at(Ctl c) { return controls_[indexOf(c)]; }
-    void changed(Ctl c) { observer().controlChanged(c); }
+    void changed(Ctl c) {
+        if (observer_) observer_->controlChanged(c);
+    }
 
     std::array<ControlState, kControlCount> controls_;
-    FormObserver silent_;
     FormObserver* observer_ = nullptr;
     ReactionSink* reactions_ = nullptr;
 };

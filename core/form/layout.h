@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "window/controls.h"
+#include "form/controls.h"
 
 namespace quorlin {
 

@@ -1,8 +1,8 @@
-#include "window/entry_validation.h"
+#include "form/entry_validation.h"
 
 #include <optional>
 
-#include "window/messages.h"
+#include "form/message_texts.h"
 
 namespace quorlin {
 

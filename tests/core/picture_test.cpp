@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include "picture/image_condition.h"
+#include "support/test_window.h"
+
+namespace quorlin::testing {
+namespace {
+
+using C = Ctl;
+
+// The screen as a function of the point, so every stored pixel tells where it came from.
+Colour colourAt(int x, int y) { return x < 0 || y < 0 ? kOffScreen : x * 1000 + y; }
+
+class Capture : public ::testing::Test {
+protected:
+    TestWindow w;
+    const ReferencePicture& picture = w.model().picture;
+    const PictureBox& box = w.model().pictureBox;
+
+    void SetUp() override { w.screen.pixelAt = colourAt; }
+    void capture(const char* topX, const char* topY, const char* bottomX, const char* bottomY) {
+        w.typeAll({{C::txtTopX, topX}, {C::txtTopY, topY}, {C::txtBottomX, bottomX}, {C::txtBottomY, bottomY}});
+        w.frm.cmdGetPic_Click();
+    }
+};
+
+TEST_F(Capture, TakesTheRectangleInOneReadAndDrawsItCutAtTheBox) {
+    capture(" 100 ", "100", "109.5", "104");  // blanks pass, halves go to even
+    EXPECT_EQ(w.screen.reads.size(), 1u);
+    EXPECT_EQ((std::array{picture.iTopX, picture.iTopY, picture.iBottomX, picture.iBottomY, picture.iPicMaxX,
+                          picture.iPicMaxY}),
+              (std::array<std::int16_t, 6>{100, 100, 110, 104, 10, 4}));
+    EXPECT_EQ(picture.pixel(3, 2), colourAt(103, 102));
+    EXPECT_EQ(box.pixel(10, 4), colourAt(110, 104));
+    EXPECT_EQ(box.pixel(11, 0), PictureBox::kBackground);
+
+    capture("0", "0", "1000", "1000");
+    EXPECT_EQ(picture.pixel(1000, 1000), colourAt(1000, 1000));
+    w.model().pictureBox.clear();
+    w.frm.Form_Paint();
+    EXPECT_EQ(box.pixel(PictureBox::kWidth - 1, PictureBox::kHeight - 1),
+              colourAt(PictureBox::kWidth - 1, PictureBox::kHeight - 1));
+}
+
+TEST_F(Capture, KeepsLeftoversOffScreenPixelsAndReversedEdges) {
+    capture("0", "0", "9", "9");
+    capture("-2", "500", "-1", "501");
+    EXPECT_EQ(picture.pixel(0, 0), kOffScreen);
+    EXPECT_EQ(picture.pixel(5, 5), colourAt(5, 5)) << "a smaller capture keeps what a larger one left";
+
+    capture("50", "10", "40", "20");
+    EXPECT_EQ(picture.iPicMaxX, -1);
+    EXPECT_EQ(picture.iPicMaxY, -1);
+    EXPECT_EQ(box.pixel(0, 0), PictureBox::kBackground);
+    capture("10", "20", "12", "10");
+    EXPECT_EQ(picture.iPicMaxX, 2);
+    EXPECT_EQ(picture.iPicMaxY, -1);
+
+    capture("5", "5", "5", "5");
+    EXPECT_EQ(picture.iPicMaxX, 0) << "a single pixel leaves extents of zero";
+    EXPECT_EQ(picture.iPicMaxY, 0);
+}
+
+struct Refusal {
+    std::array<const char*, 4> corners;
+    const char* message;
+};
+
+class CaptureRefusal : public Capture, public ::testing::WithParamInterface<Refusal> {};
+
+TEST_P(CaptureRefusal, ReadsNothingAndKeepsTheOldPicture) {
+    capture("1", "1", "2", "2");
+    w.screen.reads.clear();
+    const auto& c = GetParam().corners;
+    capture(c[0], c[1], c[2], c[3]);
+    EXPECT_EQ(w.messages(), std::vector<std::string>{GetParam().message});
+    EXPECT_TRUE(w.screen.reads.empty());
+    EXPECT_EQ(picture.iTopX, 1);
+    EXPECT_EQ(picture.iBottomY, 2);
+}
+
+const char* const kIncorrect = "Input field are incorrect. Please enter a valid value.";
+const char* const kLimits =
+    "The picture rectangle must lie within -32768 to 32767 and be at most 1001 x 1001 pixels.";
+
+INSTANTIATE_TEST_SUITE_P(Fields, CaptureRefusal, ::testing::Values(
+    Refusal{{"", "1", "2", "2"}, kIncorrect}, Refusal{{"1", "1", "2", "abc"}, kIncorrect},
+    Refusal{{"1", "x", "2", "2"}, kIncorrect}, Refusal{{"1", "1", "y", "2"}, kIncorrect},
+    Refusal{{"40000", "1", "40001", "2"}, kLimits}, Refusal{{"0", "0", "1001", "0"}, kLimits},
+    Refusal{{"0", "0", "0", "1001"}, kLimits}, Refusal{{"-32769", "0", "0", "0"}, kLimits}));
+
+// A 3 x 2 picture at screen (10, 20) and a screen that shows it, unless told otherwise.
+class ImageConditionTest : public ::testing::Test {
+protected:
+    FakeScreen screen;
+    ReferencePicture picture;
+    ImageCondition condition{screen};
+    StepCondition step{true, {10, 20, 12, 21}};
+
+    void SetUp() override {
+        for (int dx = 0; dx < 3; ++dx)
+            for (int dy = 0; dy < 2; ++dy) picture.pixel(dx, dy) = 0x010101 * (dx * 2 + dy + 1);
+        screen.pixelAt = [this](int x, int y) { return picture.pixel(x - 10, y - 20); };
+    }
+    bool met(bool include) { return condition.ImageConditionMet(step, picture, include); }
+};
+
+TEST_F(ImageConditionTest, TheRuleDecidesOnAWholeRectangleMatch) {
+    EXPECT_TRUE(met(true));
+    EXPECT_FALSE(met(false));
+    ASSERT_EQ(screen.reads.size(), 2u);
+    EXPECT_EQ(screen.reads[0].left, 10);
+    EXPECT_EQ(screen.reads[0].width() * screen.reads[0].height(), 6);
+
+    for (auto [x, y] : {std::pair{10, 20}, {12, 21}, {11, 21}}) {
+        screen.pixelAt = [this, x = x, y = y](int px, int py) {
+            return px == x && py == y ? 0x777777 : picture.pixel(px - 10, py - 20);
+        };
+        EXPECT_FALSE(met(true)) << x << "," << y;
+        EXPECT_TRUE(met(false)) << x << "," << y;
+    }
+}
+
+TEST_F(ImageConditionTest, NoImageReversedRectanglesAndTheStoreEdges) {
+    step.hasImage = false;
+    EXPECT_TRUE(met(true) && met(false));
+    EXPECT_TRUE(screen.reads.empty()) << "without an image nothing is read";
+
+    step = {true, {12, 20, 10, 21}};
+    EXPECT_TRUE(met(true));
+    EXPECT_FALSE(met(false)) << "a reversed rectangle compares nothing";
+
+    picture = ReferencePicture{};
+    screen.pixelAt = [](int, int) { return 0; };
+    step.rect = {0, 0, 1000, 0};
+    EXPECT_TRUE(met(true)) << "the widest picture the store holds can match";
+    step.rect = {0, 0, 1001, 0};
+    EXPECT_FALSE(met(true)) << "a pixel beyond the store never matches";
+}
+
+TEST(ManualRunImageCondition, ClicksOnlyWhileTheScreenShowsThePictureAndFollowsTheRuleLive) {
+    TestWindow w;
+    Colour shown = 0x123456;
+    w.screen.pixelAt = [&](int, int) { return shown; };
+    w.typeAll({{C::txtX, "1"}, {C::txtY, "1"}, {C::txtTopX, "0"}, {C::txtTopY, "0"}, {C::txtBottomX, "1"},
+               {C::txtBottomY, "1"}});
+    w.frm.selectOption(C::optApplication);
+    w.frm.selectOption(C::optLoop);
+    w.frm.setCheck(C::chkRecImage, 1);
+    w.frm.cmdGetPic_Click();
+    w.frm.cmdStart_Click();
+    w.clock.advanceBy(3000);
+    EXPECT_EQ(w.clicks(), 1u);
+    shown = 0;
+    w.clock.advanceBy(3000);
+    EXPECT_EQ(w.clicks(), 1u);
+    w.frm.selectOption(C::optImageNotInclude);
+    w.clock.advanceBy(3000);
+    EXPECT_EQ(w.clicks(), 2u);
+    w.frm.setCheck(C::chkRecImage, 0);  // counts from the next Start
+    w.clock.advanceBy(3000);
+    EXPECT_EQ(w.screen.reads.size(), 1u + 4u);
+}
+
+}  // namespace
+}  // namespace quorlin::testing

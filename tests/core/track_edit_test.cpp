@@ -1,0 +1,373 @@
+#include <gtest/gtest.h>
+
+#include "support/test_window.h"
+
+namespace quorlin::testing {
+namespace {
+
+using C = Ctl;
+
+const char* const kMaxMinute = "Maximum interval is 1 minute";
+const char* const kOverflow = "Overflow: the interval is too large to be counted.";
+const char* const kSwitchOnCount =
+    "Please switch on '# of times' option button. Can not run Non-stop clicks in Track list.";
+
+// A window with a valid click point, ready to take track entries.
+class TrackEdit : public ::testing::Test {
+public:
+    TestWindow w;
+    WindowModel& m = w.model();
+
+    void SetUp() override { w.typeAll({{C::txtX, "10"}, {C::txtY, "20"}}); }
+    int entries() { return m.vFirstRowUsed ? m.fgResult.rowCount() - 1 : 0; }
+    const Cells& storedRow(int r) { return m.rows.sRowCells[static_cast<std::size_t>(r)]; }
+    bool rowImage(int r) { return m.rows.bRowImage[static_cast<std::size_t>(r)]; }
+    void random(const char* from, const char* to) {
+        w.frm.selectOption(C::optRandom);
+        w.typeAll({{C::txtFromSec, from}, {C::txtToSec, to}});
+    }
+};
+
+struct Refusal {
+    const char* name;
+    bool update;  // refused by "Update track list" rather than "Add to track list"
+    void (*arrange)(TrackEdit&);
+    const char* message;
+};
+
+void nonStop(TrackEdit& t) { t.w.frm.selectOption(C::optLoop); }
+void tooLong(TrackEdit& t) { t.w.typeAll({{C::txtMinutes, "1"}, {C::txtSeconds, "6"}}); }
+void noPicture(TrackEdit& t) { t.w.frm.setCheck(C::chkRecImage, 1); }
+void badX(TrackEdit& t) { t.w.type(C::txtX, "abc"); }
+
+// Each case also sets up every later problem, so the order of the checks shows.
+const Refusal kRefusals[] = {
+    {"AddNonStopFirst", false, [](TrackEdit& t) { nonStop(t), tooLong(t), noPicture(t), badX(t); }, kSwitchOnCount},
+    {"AddTotalBeforePicture", false, [](TrackEdit& t) { tooLong(t), noPicture(t), badX(t); }, kMaxMinute},
+    {"AddPictureBeforeValidation", false, [](TrackEdit& t) { noPicture(t), badX(t); },
+     "Select a picture.Click 'Get Picture'."},
+    {"AddValidationLast", false, badX, "Error in input"},
+    {"AddSinglePixelIsNoPicture", false, [](TrackEdit& t) { t.w.setPicture(5, 5, 5, 5, 7), noPicture(t); },
+     "Select a picture.Click 'Get Picture'."},
+    {"AddOverflowingMinutes", false, [](TrackEdit& t) { t.w.type(C::txtMinutes, "-40000"); }, kOverflow},
+    {"AddOverflowingSum", false, [](TrackEdit& t) { t.w.typeAll({{C::txtMinutes, "35000"}, {C::txtSeconds, "1000000"}}); },
+     kOverflow},
+    {"AddPictureBeyondItsStore", false, [](TrackEdit& t) {
+         t.w.setPicture(0, 0, 1, 1, 0);
+         t.m.picture.iBottomX = 1001;
+         noPicture(t);
+     }, "The captured picture is too large to be kept with the step."},
+    {"UpdateNonStopFirst", true, [](TrackEdit& t) { nonStop(t), badX(t); }, kSwitchOnCount},
+    {"UpdateValidationBeforeTotal", true, [](TrackEdit& t) { t.w.type(C::txtMinutes, "2"), badX(t); }, kMaxMinute},
+    {"UpdateInputErrorBeforeTotal", true, [](TrackEdit& t) { t.random("1", "1000000"), t.w.type(C::txtX, ""); },
+     "Error in input"},
+    {"UpdateRealParts", true, [](TrackEdit& t) {
+         t.w.typeAll({{C::txtMinutes, "1"}, {C::txtSeconds, "5"}, {C::txtMiliseconds, "535.25"}});
+     }, kMaxMinute},
+    {"UpdateRandomDrawn", true, [](TrackEdit& t) { t.random("0", "100000"), t.w.random.values.push(0.7); }, kMaxMinute},
+    {"UpdateRandomBeyond32Bits", true, [](TrackEdit& t) { t.random("0", "1e12"), t.w.random.values.push(0.5); },
+     kOverflow},
+};
+
+class TrackRefusal : public TrackEdit, public ::testing::WithParamInterface<Refusal> {};
+
+TEST_P(TrackRefusal, ShowsOnlyTheFirstProblemAndChangesNothing) {
+    w.frm.cmdAddtoList_Click();  // one entry to keep
+    GetParam().arrange(*this);
+    const Cells before = w.gridRow(1);
+    w.dialogs.messages.clear();
+    GetParam().update ? w.frm.cmdUpdate_Click() : w.frm.cmdAddtoList_Click();
+    EXPECT_EQ(w.messages(), std::vector<std::string>{GetParam().message});
+    EXPECT_EQ(m.fgResult.rowCount(), 2);
+    EXPECT_EQ(w.gridRow(1), before);
+    EXPECT_EQ(storedRow(1), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Refusals, TrackRefusal, ::testing::ValuesIn(kRefusals),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+struct Total {
+    const char* minutes;
+    const char* seconds;
+    const char* milliseconds;
+    bool random;
+    bool added;
+    bool updated;
+};
+
+// Only the total check can refuse these; the field check passes them all.
+const Total kTotals[] = {
+    {"0", "60", "600", false, true, true},       // minutes "0": no total check when adding
+    {"1", "5", "535", false, true, true},        // 65535 exactly
+    {"1", "5", "536", false, false, false},
+    {"1", "5", "535.6", false, false, false},    // rounded when adding, real when updating
+    {"1", "5.125", "410.5", false, true, false}, // 60000 + 5125 + 410 (half to even) = 65535
+    {"00", "60", "0", false, true, true},        // "00" is checked: 60000
+    {"0", "70", "0", true, true, true},          // random: minutes "0" skips the seconds as well
+    {"00", "70", "0", true, false, true},        // random: seconds still count when adding
+    {"5", "60", "535", true, true, true},        // random: 60535, the minutes are left out
+    {"1", "0", "65536", true, false, true},      // "0" seconds skipped, milliseconds counted
+};
+
+class TrackTotal : public TrackEdit, public ::testing::WithParamInterface<Total> {};
+
+TEST_P(TrackTotal, RefusesOnlyTotalsAboveTheLongestInterval) {
+    const Total& t = GetParam();
+    w.frm.cmdAddtoList_Click();
+    if (t.random) random("1", "2");
+    w.typeAll({{C::txtMinutes, t.minutes}, {C::txtSeconds, t.seconds}, {C::txtMiliseconds, t.milliseconds}});
+    w.dialogs.messages.clear();
+    w.frm.cmdAddtoList_Click();
+    EXPECT_EQ(entries(), t.added ? 2 : 1);
+    w.frm.cmdUpdate_Click();
+    const std::size_t refusals = (t.added ? 0 : 1) + (t.updated ? 0 : 1);
+    EXPECT_EQ(w.messages(), std::vector<std::string>(refusals, kMaxMinute));
+}
+
+INSTANTIATE_TEST_SUITE_P(Totals, TrackTotal, ::testing::ValuesIn(kTotals));
+
+TEST_F(TrackEdit, AddGrowsOnceTheBlankRowIsUsedUpToThirtyEntries) {
+    for (int n = 1; n <= 30; ++n) {
+        w.frm.cmdAddtoList_Click();
+        ASSERT_EQ(m.fgResult.rowCount(), n + 1);
+        EXPECT_EQ(m.fgResult.row(), n) << "the new row is current";
+        EXPECT_EQ(m.fgResult.cell(n, colNumber), std::to_string(n));
+    }
+    EXPECT_TRUE(w.messages().empty());
+    w.frm.cmdAddtoList_Click();
+    EXPECT_EQ(w.messages(), std::vector<std::string>{"Maximum row count was exceeded."});
+    EXPECT_EQ(m.fgResult.rowCount(), 31);
+}
+
+TEST_F(TrackEdit, WritesTheCellsAsTypedIntoGridAndStore) {
+    w.typeAll({{C::txtX, " 03"}, {C::txtY, "1.50"}, {C::txtSeconds, "60"}, {C::txtMiliseconds, "600"},
+               {C::txtCount, "007"}});
+    w.frm.selectOption(C::optDbClick);
+    w.frm.setCheck(C::chkText, 1);
+    w.type(C::txtText, "line one\r\nline two");
+    w.frm.cmdAddtoList_Click();
+    const Cells expected{"1", " 03", "1.50", "Custom", "0:60:600", "DBClick", "007", "Yes", "line one\r\nline two", "No"};
+    EXPECT_EQ(w.gridRow(1), expected);
+    EXPECT_EQ(storedRow(1), expected);
+
+    random("2", "5");
+    w.frm.selectOption(C::optRightClick);
+    w.frm.setCheck(C::chkText, 0);
+    w.frm.cmdUpdate_Click();
+    EXPECT_EQ(w.gridRow(1), (Cells{"1", " 03", "1.50", "Random", "2:5", "RightClick", "007", "No", "", "No"}));
+    EXPECT_EQ(m.fgResult.row(), 1);
+}
+
+TEST_F(TrackEdit, EntriesKeepTheirOwnCopiesOfTheCapturedPixels) {
+    w.setPicture(100, 200, 102, 203, 5000);
+    m.picture.pixel(3, 0) = 99;  // beyond the rectangle: left behind by an earlier picture
+    w.frm.setCheck(C::chkRecImage, 1);
+    w.frm.selectOption(C::optImageNotInclude);
+    w.frm.cmdAddtoList_Click();
+    w.frm.selectOption(C::optImageInclude);
+    w.addAt("2", 2000);
+    const RowPicture& p = w.rowPicture(1);
+    EXPECT_EQ(p.pixels.size(), 12u);
+    EXPECT_EQ(p.at(2, 3), 7003);
+    EXPECT_EQ(m.rows.lRowInclude[1], 0);
+    EXPECT_EQ(m.rows.lRowInclude[2], -1);
+    EXPECT_EQ(m.rows.lRowRect[1], (std::array<std::int32_t, 4>{100, 200, 102, 203}));
+    EXPECT_EQ(m.fgResult.cell(1, colImage), "Yes");
+
+    w.frm.fgResult_Click(1, 0);
+    w.setPicture(50, 60, 51, 60, 9000);
+    m.picture.pixel(0, 0) = 1;
+    EXPECT_EQ(w.rowPicture(1).at(0, 0), 5000) << "the loaded picture is a copy";
+    w.frm.cmdUpdate_Click();
+    EXPECT_EQ(w.rowPicture(1).lastX, 1);
+    EXPECT_EQ(w.rowPicture(1).at(1, 0), 10000);
+    EXPECT_EQ(w.rowPicture(2).at(2, 2), 4002) << "the other entry keeps its own picture";
+    w.frm.setCheck(C::chkRecImage, 0);
+    w.frm.cmdUpdate_Click();
+    EXPECT_FALSE(rowImage(1));
+}
+
+TEST_F(TrackEdit, UpdateNeedsASelectedEntryAndFillsTheBlankRowWhenCurrent) {
+    w.frm.cmdUpdate_Click();
+    EXPECT_FALSE(m.vFirstRowUsed) << "after start the header row is current";
+    m.fgResult.setRow(1);
+    w.frm.cmdUpdate_Click();
+    EXPECT_EQ(w.gridRow(1)[colNumber], "1");
+    EXPECT_TRUE(m.vFirstRowUsed);
+    EXPECT_EQ(m.fgResult.rowCount(), 2);
+}
+
+TEST_F(TrackEdit, RemovalMovesLaterEntriesUpWithTheirPicturesAndRenumbers) {
+    for (int i = 1; i <= 4; ++i) w.addAt(std::to_string(i), i * 10000, i + 1);
+    for (auto [removed, xs] : {std::pair{1, std::vector<int>{2, 3, 4}}, {2, std::vector<int>{2, 4}}}) {
+        m.fgResult.setRow(removed);
+        w.frm.cmdRemove_Click();
+        ASSERT_EQ(entries(), static_cast<int>(xs.size()));
+        for (int r = 1; r <= entries(); ++r) {
+            const int former = xs[static_cast<std::size_t>(r - 1)];
+            EXPECT_EQ(w.gridRow(r)[colNumber], std::to_string(r));
+            EXPECT_EQ(w.gridRow(r)[colX], std::to_string(former));
+            EXPECT_EQ(storedRow(r), w.gridRow(r));
+            EXPECT_EQ(w.rowPicture(r).at(former, 0), former * 11000);
+            EXPECT_EQ(m.rows.lRowRect[static_cast<std::size_t>(r)][2], 100 + former);
+        }
+        EXPECT_EQ(m.fgResult.row(), entries()) << "the last row becomes current";
+    }
+    m.fgResult.setRow(0);
+    w.frm.cmdRemove_Click();
+    EXPECT_EQ(entries(), 2) << "the header row is no entry";
+}
+
+TEST_F(TrackEdit, RemovingTheOnlyEntryLeavesTheBlankRowForTheNextAdd) {
+    w.addAt("1", 100);
+    w.frm.cmdRemove_Click();
+    EXPECT_EQ(m.fgResult.rowCount(), 2);
+    EXPECT_EQ(w.gridRow(1), Cells{});
+    EXPECT_EQ(storedRow(1), Cells{});
+    EXPECT_FALSE(rowImage(1));
+    EXPECT_TRUE(w.rowPicture(1).pixels.empty());
+    EXPECT_FALSE(m.vFirstRowUsed);
+    w.addAt("9");
+    EXPECT_EQ(m.fgResult.rowCount(), 2);
+    EXPECT_EQ(w.gridRow(1)[colX], "9");
+}
+
+TEST_F(TrackEdit, ClearingEmptiesAFullListAndKeepsTheFields) {
+    w.addAt("1", 100);
+    while (entries() < kMaxEntries) w.addAt(std::to_string(entries() + 1));
+    w.frm.cmdClearTrackList_Click();
+    EXPECT_EQ(m.fgResult.rowCount(), 2);
+    EXPECT_EQ(w.gridRow(0), (Cells{"#", "X", "Y", "Intr Type", "Interval", "Type", "Rep", "Fill", "Text", "Image"}));
+    EXPECT_EQ(w.gridRow(1), Cells{});
+    EXPECT_EQ(m.fgResult.row(), 0);
+    EXPECT_FALSE(m.vFirstRowUsed);
+    EXPECT_FALSE(rowImage(1));
+    EXPECT_TRUE(w.rowPicture(1).pixels.empty()) << "the entries' pictures are given back";
+    EXPECT_EQ(w.text(C::txtX), "30");
+}
+
+struct Split {
+    const char* name;
+    const char* cell;
+    bool random;
+    std::array<const char*, 5> fields;  // from, to, minutes, seconds, milliseconds afterwards
+    bool loaded;                        // the rest of the row was loaded
+};
+
+const Split kSplits[] = {
+    {"CustomWhileCustom", "0:3:0", false, {"", "", "0", "3", "0"}, true},
+    {"RandomWhileRandom", "2:5", true, {"2", "5", "0", "3", "0"}, true},
+    {"CustomWhileRandom", "0:3:0", true, {"0", "3:0", "0", "3", "0"}, true},
+    {"RandomWhileCustomFails", "2:5", false, {"", "", "0", "3", "0"}, false},
+    {"EmptyParts", ":5", true, {"", "5", "0", "3", "0"}, true},
+    {"MillisecondsKeepLaterColons", "1:2:3:4", false, {"", "", "1", "2", "3:4"}, true},
+    {"NoColonFailsForRandom", "25", true, {"", "", "0", "3", "0"}, false},
+};
+
+class TrackSplit : public TrackEdit, public ::testing::WithParamInterface<Split> {};
+
+TEST_P(TrackSplit, ClickingARowReadsTheIntervalAsTheOptionSelectedNowSays) {
+    const Split& s = GetParam();
+    w.putRow(1, {"1", "5", "6", "Custom", s.cell, "DBClick", "4", "No", "", "No"});
+    if (s.random) w.frm.selectOption(C::optRandom);
+    w.frm.fgResult_Click(1, 3);
+    EXPECT_EQ(w.text(C::txtX), "5");
+    EXPECT_EQ(w.text(C::txtY), "6");
+    const Ctl fields[] = {C::txtFromSec, C::txtToSec, C::txtMinutes, C::txtSeconds, C::txtMiliseconds};
+    for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(w.text(fields[i]), s.fields[i]) << i;
+    EXPECT_EQ(w.text(C::txtCount), s.loaded ? "4" : "1");
+    EXPECT_EQ(w.form().selected(C::optDbClick), s.loaded);
+    EXPECT_EQ(m.fgResult.row(), 1);
+    EXPECT_EQ(m.fgResult.col(), 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Splits, TrackSplit, ::testing::ValuesIn(kSplits),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(TrackEdit, ClickingARowSelectsOnlyExactNamesAndLoadsItsText) {
+    struct Case {
+        const char* type;
+        const char* fill;
+        Ctl option;
+        const char* kind;
+        bool typing;
+    };
+    w.frm.setCheck(C::chkText, 1);
+    for (Case c : {Case{"Click", "Yes", C::optClick, "Click", true}, {"DBClick", "yes", C::optDbClick, "DBClick", false},
+                   {"RightClick", "Yes", C::optRightClick, "RightClick", true},
+                   {"click", "No", C::optRightClick, "RightClick", false}, {"", "Yes", C::optRightClick, "RightClick", true}}) {
+        w.frm.selectOption(C::optClick == c.option ? C::optDbClick : C::optClick);
+        m.step.bTypeText = !c.typing;  // as a track run leaves it, whatever the box shows
+        w.putRow(1, {"1", "5", "6", "Custom", "0:1:0", c.type, "1", c.fill, "a\r\nb", "No"});
+        w.frm.fgResult_Click(1, 0);
+        EXPECT_TRUE(w.form().selected(c.option)) << c.type;
+        EXPECT_EQ(m.step.ClickKind, c.kind) << c.type;
+        EXPECT_EQ(m.step.bTypeText, c.typing) << c.fill;
+        EXPECT_EQ(w.form().value(C::chkText), c.typing ? 1 : 0);
+        EXPECT_EQ(m.step.sTypeText, c.typing ? "a\r\nb" : "");
+    }
+}
+
+TEST_F(TrackEdit, AnImageRowBecomesTheReferencePictureARowWithoutImageForgetsOnlyItsRectangle) {
+    w.addAt("1", 3000, 4);
+    w.putRow(2, {"2", "5", "6", "Custom", "0:1:0", "Click", "1", "No", "", "No"});
+    m.picture = ReferencePicture{};
+    w.frm.setCheck(C::chkRecImage, 0);
+    w.frm.selectOption(C::optImageNotInclude);
+    w.frm.fgResult_Click(1, 0);
+    EXPECT_EQ(m.picture.iPicMaxX, 3);
+    EXPECT_EQ(m.picture.pixel(3, 2), 6002);
+    EXPECT_EQ(m.pictureBox.pixel(3, 2), 6002);
+    EXPECT_EQ(m.picture.rect().bottom, 203);
+    for (auto [field, text] : {std::pair{C::txtTopX, "100"}, {C::txtTopY, "200"}, {C::txtBottomX, "103"},
+                               {C::txtBottomY, "203"}})
+        EXPECT_EQ(w.text(field), text);
+    EXPECT_EQ(w.form().value(C::chkRecImage), 1);
+    EXPECT_TRUE(w.form().selected(C::optImageInclude));
+
+    w.frm.fgResult_Click(2, 0);
+    EXPECT_EQ(m.picture.rect().left, 0);
+    EXPECT_EQ(m.picture.rect().bottom, 0);
+    EXPECT_EQ(m.picture.pixel(3, 2), 6002) << "the reference pixels stay";
+    EXPECT_EQ(m.pictureBox.pixel(3, 2), PictureBox::kBackground);
+    for (Ctl field : {C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}) EXPECT_EQ(w.text(field), "");
+    EXPECT_EQ(w.form().value(C::chkRecImage), 0);
+}
+
+TEST_F(TrackEdit, TheHeaderRowLoadsNothingAndTheBlankRowOnlyAnEmptyPoint) {
+    w.frm.fgResult_Click(0, 2);
+    EXPECT_EQ(w.text(C::txtX), "10");
+    EXPECT_EQ(m.fgResult.row(), 0);
+    w.frm.fgResult_Click(1, 0);
+    EXPECT_EQ(w.text(C::txtX), "");
+    EXPECT_EQ(w.text(C::txtMinutes), "0");
+    EXPECT_EQ(m.fgResult.row(), 1);
+}
+
+// The view learns of every change of the grid and the picture box from the model itself.
+TEST_F(TrackEdit, TheObserverHearsOfEveryGridAndPictureBoxChange) {
+    struct Counter : FormObserver {
+        int grid = 0;
+        int box = 0;
+        void gridChanged() override { ++grid; }
+        void pictureBoxChanged() override { ++box; }
+    } counter;
+    w.frm.setObserver(&counter);
+    auto heard = [&](auto action, bool grid, bool box) {
+        counter.grid = counter.box = 0;
+        action();
+        EXPECT_EQ(counter.grid > 0, grid);
+        EXPECT_EQ(counter.box > 0, box);
+    };
+    heard([&] { w.addAt("1", 5); }, true, false);
+    heard([&] { w.frm.fgResult_Click(1, 0); }, true, true);
+    heard([&] { w.frm.cmdUpdate_Click(); }, true, false);
+    heard([&] { w.frm.cmdRemove_Click(); }, true, false);
+    heard([&] { w.frm.cmdClearTrackList_Click(); }, true, false);
+    heard([&] { w.frm.Form_Paint(); }, false, true);
+    heard([&] { w.frm.cmdLoad_Click(); }, true, true);
+    w.frm.setObserver(nullptr);
+}
+
+}  // namespace
+}  // namespace quorlin::testing

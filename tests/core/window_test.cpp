@@ -1,0 +1,204 @@
+#include <gtest/gtest.h>
+
+#include "form/entry_validation.h"
+#include "support/test_window.h"
+
+namespace quorlin::testing {
+namespace {
+
+using C = Ctl;
+
+std::vector<Ctl> disabledOf(const EntryForm& form, std::initializer_list<Ctl> controls) {
+    std::vector<Ctl> off;
+    for (Ctl c : controls)
+        if (!form.enabled(c)) off.push_back(c);
+    return off;
+}
+
+TEST(WindowDefaults, FieldsOptionsAndHelpOfAFreshWindow) {
+    TestWindow w;
+    for (auto [field, text] : {std::pair{C::txtSeconds, "3"}, {C::txtMinutes, "0"}, {C::txtMiliseconds, "0"},
+                               {C::txtCount, "1"}, {C::txtTrackNum, "1"}, {C::txtX, ""}, {C::txtToSec, ""}})
+        EXPECT_EQ(w.text(field), text);
+    for (Ctl c : {C::optClick, C::optCustom, C::optCount, C::optWeb, C::optManual, C::optRepeatTrack,
+                  C::optImageInclude, C::optTopMost})
+        EXPECT_TRUE(w.form().selected(c));
+    EXPECT_EQ(disabledOf(w.form(), {C::txtFromSec, C::txtToSec, C::txtText, C::txtTopX, C::txtBottomY, C::txtTrackNum,
+                                    C::txtX, C::txtY, C::txtCount, C::txtSeconds, C::frmImage, C::optImageInclude}),
+              (std::vector<Ctl>{C::txtFromSec, C::txtToSec, C::txtText, C::txtTopX, C::txtBottomY, C::txtTrackNum,
+                                C::frmImage}));
+    EXPECT_EQ(w.desktop.topMostCalls, (std::vector<std::pair<WindowHandle, bool>>{{0x1000, true}}));
+    EXPECT_EQ(w.text(C::txtComments),
+              "To set X ,Y coordinates move the mouse to desired \r\n"
+              "position. Coordinates will appear on the left side. Copy \r\n"
+              "these coordinates to text boxes.\r\n");
+    EXPECT_EQ(w.text(C::txtComm2),
+              "When switching between intervals wait until current interval finishes it's task. \r\n"
+              "When clicking on a web link set minimum number of clicks to 2 or Non-stop.\r\n"
+              "  \r\n"
+              "If the program generates two clicks instead of one then select Application option.\r\n"
+              "         \r\n"
+              "Maximum row count is 30.\r\n");
+}
+
+// Each change, made through the window, and the controls it must leave enabled and disabled.
+struct Interlock {
+    const char* name;
+    void (*change)(TestWindow&);
+    std::vector<Ctl> on;
+    std::vector<Ctl> off;
+};
+
+const Interlock kInterlocks[] = {
+    {"Random", [](TestWindow& w) { w.frm.selectOption(C::optRandom); },
+     {C::lblFromSec, C::lblToSec, C::txtFromSec, C::txtToSec},
+     {C::lblMinutes, C::lblSeconds, C::lblMiliseconds, C::UpDown2, C::UpDown3, C::UpDown4, C::txtMinutes, C::txtSeconds,
+      C::txtMiliseconds}},
+    {"CustomAgain", [](TestWindow& w) { w.frm.selectOption(C::optRandom), w.frm.selectOption(C::optCustom); },
+     {C::lblMinutes, C::lblSeconds, C::lblMiliseconds, C::UpDown2, C::UpDown3, C::UpDown4, C::txtMinutes, C::txtSeconds,
+      C::txtMiliseconds},
+     {C::lblFromSec, C::lblToSec, C::txtFromSec, C::txtToSec}},
+    {"RecognizeImage", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1); },
+     {C::frmImage, C::optImageInclude, C::optImageNotInclude, C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY,
+      C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY, C::cmdGetPic},
+     {}},
+    {"RecognizeImageOff", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1), w.frm.setCheck(C::chkRecImage, 0); },
+     {C::cmdGetPic},
+     {C::frmImage, C::optImageInclude, C::optImageNotInclude, C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY,
+      C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY}},
+    {"NonStop", [](TestWindow& w) { w.frm.selectOption(C::optLoop); }, {}, {C::txtCount}},
+    {"FromTrackWithNonStopTrack", [](TestWindow& w) {
+         w.frm.selectOption(C::optLooptrack);  // the program may select it while its frame is off
+         w.frm.selectOption(C::optFromTrack);
+     }, {C::frmTrack, C::optRepeatTrack, C::optLooptrack}, {C::txtTrackNum}},
+    {"RepeatTrack", [](TestWindow& w) { w.frm.selectOption(C::optFromTrack), w.frm.selectOption(C::optRepeatTrack); },
+     {C::txtTrackNum}, {}},
+    {"ManualAgain", [](TestWindow& w) { w.frm.selectOption(C::optFromTrack), w.frm.selectOption(C::optManual); },
+     {}, {C::frmTrack, C::optRepeatTrack, C::optLooptrack, C::txtTrackNum}},
+    {"TypeText", [](TestWindow& w) { w.frm.setCheck(C::chkText, 1); }, {C::txtText}, {}},
+};
+
+class Interlocks : public ::testing::TestWithParam<Interlock> {};
+
+TEST_P(Interlocks, SwitchTheirControls) {
+    TestWindow w;
+    GetParam().change(w);
+    for (Ctl c : GetParam().on) EXPECT_TRUE(w.form().enabled(c)) << indexOf(c);
+    for (Ctl c : GetParam().off) EXPECT_FALSE(w.form().enabled(c)) << indexOf(c);
+}
+
+INSTANTIATE_TEST_SUITE_P(Changes, Interlocks, ::testing::ValuesIn(kInterlocks),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(Interlocks, MirrorStepInputsAndResetOnlyTheCount) {
+    TestWindow w;
+    w.type(C::txtCount, "5");
+    w.frm.selectOption(C::optLoop);
+    EXPECT_EQ(w.text(C::txtCount), "5");
+    w.frm.selectOption(C::optCount);
+    EXPECT_EQ(w.text(C::txtCount), "1");
+
+    w.frm.selectOption(C::optDbClick);
+    EXPECT_EQ(w.model().step.ClickKind, "DBClick");
+    w.frm.selectOption(C::optRightClick);
+    EXPECT_EQ(w.model().step.ClickKind, "RightClick");
+    w.frm.optionDoubleClicked(C::optClick);
+    EXPECT_EQ(w.model().step.ClickKind, "Click");
+
+    w.frm.setCheck(C::chkText, 1);
+    w.type(C::txtText, "hi\r\nthere");
+    EXPECT_TRUE(w.model().step.bTypeText);
+    EXPECT_EQ(w.model().step.sTypeText, "hi\r\nthere");
+    w.frm.setCheck(C::chkText, 0);
+    EXPECT_FALSE(w.model().step.bTypeText);
+
+    w.frm.selectOption(C::optNotOnTop);
+    w.frm.selectOption(C::optTopMost);
+    EXPECT_EQ(w.desktop.topMostCalls,
+              (std::vector<std::pair<WindowHandle, bool>>{{0x1000, true}, {0x1000, false}, {0x1000, true}}));
+}
+
+TEST(SpinButtons, StepFromTheBuddysNumberWithinTheirRange) {
+    TestWindow w;
+    struct Press {
+        Ctl spin;
+        Ctl buddy;
+        const char* before;
+        int direction;
+        const char* after;
+    };
+    for (Press p : {Press{C::UpDown2, C::txtMinutes, "0", +1, "1"}, {C::UpDown2, C::txtMinutes, "1", +1, "1"},
+                    {C::UpDown3, C::txtSeconds, "75", -1, "60"}, {C::UpDown3, C::txtSeconds, "60", +1, "60"},
+                    {C::UpDown4, C::txtMiliseconds, "600", +1, "600"}, {C::UpDown4, C::txtMiliseconds, "0", -1, "0"},
+                    {C::UpDown4, C::txtMiliseconds, "abc", +1, "1"}, {C::UpDown4, C::txtMiliseconds, "2.5", +1, "3"}}) {
+        w.type(p.buddy, p.before);
+        w.frm.spinButton(p.spin, p.direction);
+        EXPECT_EQ(w.text(p.buddy), p.after) << p.before;
+    }
+}
+
+TEST(ReadoutHelpAndLinks, FollowTheCursorToggleTheHelpAndOpenTheLinks) {
+    TestWindow w;
+    w.desktop.cursor = {-200, 0};
+    w.clock.setInterval(TimerId::timer, 1);
+    w.clock.advanceBy(1);
+    EXPECT_EQ(w.text(C::lblXPos), "-200");
+    EXPECT_EQ(w.text(C::lblYPos), "0");
+
+    w.frm.cmdHelp_Click();
+    EXPECT_TRUE(w.form().visible(C::txtComments) && w.form().visible(C::txtComm2));
+    w.frm.cmdHelp_Click();
+    EXPECT_FALSE(w.form().visible(C::txtComments) || w.form().visible(C::txtComm2));
+
+    w.frm.Picture1_Click();
+    w.frm.mnuGoToWebsite_Click();
+    w.frm.mnuFeedback_Click();
+    EXPECT_EQ(w.desktop.links, (std::vector<std::string>{"https://quorlin.example.org/", "https://quorlin.example.org/",
+                                                         "mailto:feedback@quorlin.example.org?Subject=Feedback"}));
+}
+
+struct ValidationCase {
+    const char* name;
+    std::vector<Ctl> options;
+    std::vector<std::pair<Ctl, const char*>> fields;
+    const char* message;  // nullptr: the fields pass
+};
+
+class ValidateInputTable : public ::testing::TestWithParam<ValidationCase> {};
+
+// The defaults plus a valid point; each case changes only what it is about.
+TEST_P(ValidateInputTable, ShowsOnlyTheFirstProblemAndChangesNothing) {
+    EntryForm form;
+    form.setText(C::txtX, "1");
+    form.setText(C::txtY, "1");
+    for (Ctl option : GetParam().options) form.selectOption(option);
+    for (auto [field, text] : GetParam().fields) form.setText(field, text);
+    FakeDialogs dialogs;
+    const bool ok = ValidateInput(form, NumberLocale{","}, dialogs);
+    const char* message = GetParam().message;
+    EXPECT_EQ(ok, message == nullptr);
+    EXPECT_EQ(dialogs.messages, message ? std::vector<std::string>{message} : std::vector<std::string>{});
+    for (auto [field, text] : GetParam().fields) EXPECT_EQ(form.text(field), text);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, ValidateInputTable, ::testing::Values(
+    ValidationCase{"LimitsThemselvesPass", {}, {{C::txtMinutes, "1"}, {C::txtSeconds, "60"}, {C::txtMiliseconds, "600"}}, nullptr},
+    ValidationCase{"MinutesJustAbove", {}, {{C::txtMinutes, "1.01"}}, "Maximum interval is 1 minute"},
+    ValidationCase{"SecondsAbove", {}, {{C::txtSeconds, "61"}}, "Maximum interval is 60 seconds"},
+    ValidationCase{"MilisecondsAbove", {}, {{C::txtMiliseconds, "601"}}, "Maximum interval is 600 miliseconds"},
+    ValidationCase{"NoLowerLimits", {}, {{C::txtMinutes, "-100"}, {C::txtSeconds, "-1e9"}}, nullptr},
+    ValidationCase{"MinutesEmpty", {}, {{C::txtMinutes, ""}}, "Error in input"},
+    ValidationCase{"MinutesCheckedBeforeSecondsAndPoint", {}, {{C::txtMinutes, "2"}, {C::txtSeconds, "x"}, {C::txtX, ""}}, "Maximum interval is 1 minute"},
+    ValidationCase{"CountFirst", {}, {{C::txtCount, "abc"}, {C::txtMinutes, "9"}}, "Error in input"},
+    ValidationCase{"CountIgnoredWhenNonStop", {C::optLoop}, {{C::txtCount, "abc"}}, nullptr},
+    ValidationCase{"RandomFromFirst", {C::optRandom}, {{C::txtFromSec, "abc"}, {C::txtToSec, "xyz"}}, "From Sec. must be decimal value"},
+    ValidationCase{"RandomTo", {C::optRandom}, {{C::txtFromSec, "2"}, {C::txtToSec, "xyz"}}, "To Sec. must be decimal value"},
+    ValidationCase{"RandomIgnoresFixedFields", {C::optRandom}, {{C::txtFromSec, "2"}, {C::txtToSec, "5"}, {C::txtMinutes, "99"}}, nullptr},
+    ValidationCase{"CustomIgnoresRandomFields", {}, {{C::txtFromSec, "abc"}}, nullptr},
+    ValidationCase{"PointNegativeFractionalCommaOrBlanks", {}, {{C::txtX, "  -5 "}, {C::txtY, "12,5"}}, nullptr},
+    ValidationCase{"YAfterX", {}, {{C::txtY, "1y"}}, "Error in input"},
+    ValidationCase{"XEmpty", {C::optRandom}, {{C::txtFromSec, "1"}, {C::txtToSec, "1"}, {C::txtX, ""}}, "Error in input"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace quorlin::testing
