@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "run/window_messages.h"
-#include "x11/x11_window_at_point.h"
 
 extern char** environ;
 
@@ -36,7 +35,8 @@ bool isViewable(Display* d, Window w) {
 
 }  // namespace
 
-X11Desktop::X11Desktop(X11Connection& connection) : x_(connection), keyboard_(connection.display()) {}
+X11Desktop::X11Desktop(X11Connection& connection)
+    : x_(connection), keyboard_(connection.display()), windowAtPoint_(connection.display()) {}
 
 // Beyond the root window there is no window; checking first also keeps the point
 // from wrapping in the protocol's 16-bit coordinates.
@@ -44,7 +44,7 @@ WindowHandle X11Desktop::windowFromPoint(ScreenPoint point) {
     const ScreenLayout& screen = x_.screenLayout();
     const RootPoint at = screen.toRoot(point);
     if (!screen.onScreen(at)) return 0;
-    return applicationWindowAt(x_.display(), x_.root(), static_cast<int>(at.x), static_cast<int>(at.y));
+    return windowAtPoint_.find(x_.root(), static_cast<int>(at.x), static_cast<int>(at.y));
 }
 
 // Measured from the window's origin on the root in full width, so a far point

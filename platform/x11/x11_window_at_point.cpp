@@ -9,20 +9,6 @@ namespace {
 // Window managers put the client's own window at most this far inside their frame.
 constexpr int kFrameDepth = 3;
 
-// Window managers mark every client window they manage with WM_STATE.
-bool isClient(Display* d, Window w, Atom wmState) {
-    Atom type = None;
-    int format = 0;
-    unsigned long count = 0;
-    unsigned long after = 0;
-    unsigned char* data = nullptr;
-    const bool ok =
-        XGetWindowProperty(d, w, wmState, 0, 0, False, AnyPropertyType, &type, &format, &count, &after, &data) ==
-        Success;
-    if (data) XFree(data);
-    return ok && type != None;
-}
-
 bool isOverrideRedirect(Display* d, Window w) {
     XWindowAttributes attributes;
     return XGetWindowAttributes(d, w, &attributes) && attributes.override_redirect;
@@ -57,28 +43,69 @@ std::vector<Window> childrenOf(Display* d, const std::vector<Window>& parents) {
     return all;
 }
 
-Window clientInside(Display* d, Window frame, Atom wmState) {
-    std::vector<Window> level{frame};
-    for (int depth = 0; depth < kFrameDepth && !level.empty(); ++depth) {
-        level = childrenOf(d, level);
-        for (Window w : level)
-            if (isClient(d, w, wmState)) return w;
-    }
-    return None;
+Window parentOf(Display* d, Window w) {
+    Window root = None;
+    Window parent = None;
+    Window* children = nullptr;
+    unsigned int count = 0;
+    if (!XQueryTree(d, w, &root, &parent, &children, &count)) return None;
+    if (children) XFree(children);
+    return parent;
 }
 
 }  // namespace
 
-Window applicationWindowAt(Display* display, Window root, int x, int y) {
-    const std::vector<Window> chain = windowsAt(display, root, x, y);
+X11WindowAtPoint::X11WindowAtPoint(Display* display)
+    : d_(display), wmState_(XInternAtom(display, "WM_STATE", False)) {}
+
+Window X11WindowAtPoint::find(Window root, int x, int y) {
+    const std::vector<Window> chain = windowsAt(d_, root, x, y);
     if (chain.empty()) return None;
-    const Atom wmState = XInternAtom(display, "WM_STATE", False);
     for (Window w : chain)
-        if (isClient(display, w, wmState)) return chain.back();
+        if (isClient(w)) return chain.back();
     // Popups place themselves and carry no frame; without a window manager nothing does.
-    if (isOverrideRedirect(display, chain.front())) return chain.back();
-    const Window client = clientInside(display, chain.front(), wmState);
+    if (isOverrideRedirect(d_, chain.front())) return chain.back();
+    const Window client = clientInside(chain.front());
     return client != None ? client : chain.back();
+}
+
+// Window managers mark every client window they manage with WM_STATE.
+bool X11WindowAtPoint::isClient(Window w) {
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0;
+    unsigned long after = 0;
+    unsigned char* data = nullptr;
+    const bool ok = XGetWindowProperty(d_, w, wmState_, 0, 0, False, AnyPropertyType, &type, &format, &count, &after,
+                                       &data) == Success;
+    if (data) XFree(data);
+    return ok && type != None;
+}
+
+Window X11WindowAtPoint::clientInside(Window frame) {
+    if (frame == lastFrame_ && stillInside(lastClient_, frame)) return lastClient_;
+    lastFrame_ = frame;
+    lastClient_ = None;
+    std::vector<Window> level{frame};
+    for (int depth = 0; depth < kFrameDepth && !level.empty() && lastClient_ == None; ++depth) {
+        level = childrenOf(d_, level);
+        for (Window w : level) {
+            if (!isClient(w)) continue;
+            lastClient_ = w;
+            break;
+        }
+    }
+    return lastClient_;
+}
+
+// A client the manager let go of is handed back to the root, out of the frame.
+bool X11WindowAtPoint::stillInside(Window client, Window frame) {
+    Window w = client;
+    for (int depth = 0; depth < kFrameDepth && w != None; ++depth) {
+        w = parentOf(d_, w);
+        if (w == frame) return true;
+    }
+    return false;
 }
 
 }  // namespace quorlin::x11
