@@ -3,7 +3,6 @@
 #include <X11/Xlib.h>
 
 #include <cstdint>
-#include <optional>
 
 #include "ports/desktop.h"
 
@@ -46,7 +45,6 @@ private:
     void query();
 
     Display* watch_;
-    std::optional<int> randrEventBase_;
     bool hasMonitors_ = false;
     ScreenLayout layout_;
 };

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <optional>
 
 namespace quorlin::x11 {
 
@@ -27,6 +28,27 @@ struct Channel {
                          : static_cast<std::uint32_t>((value * 255) / ((1ul << bits) - 1));
     }
 };
+
+// The part of a rectangle that lies on the root window, in root coordinates, and
+// where its first pixel goes in the rectangle's row-by-row output.
+struct Visible {
+    int x, y, width, height;
+    std::size_t skipped;
+};
+
+// Clipped to the root window as it is now: RandR may have grown or shrunk it.
+std::optional<Visible> visiblePart(const ScreenLayout& screen, const ScreenRect& rect) {
+    const RootPoint first = screen.toRoot({rect.left, rect.top});
+    const RootPoint last = screen.toRoot({rect.right, rect.bottom});
+    const std::int64_t left = std::max<std::int64_t>(first.x, 0);
+    const std::int64_t top = std::max<std::int64_t>(first.y, 0);
+    const std::int64_t right = std::min<std::int64_t>(last.x, screen.width - 1);
+    const std::int64_t bottom = std::min<std::int64_t>(last.y, screen.height - 1);
+    if (right < left || bottom < top) return std::nullopt;
+    const auto skipped = static_cast<std::size_t>((top - first.y) * rect.width() + (left - first.x));
+    return Visible{static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left + 1),
+                   static_cast<int>(bottom - top + 1), skipped};
+}
 
 }  // namespace
 
@@ -98,20 +120,9 @@ void X11ScreenReader::readRect(const ScreenRect& rect, std::span<Colour> out) {
     if (width == 0 || height == 0) return;
     std::fill(out.begin(), out.end(), kOffScreen);
 
-    // Clipped to the root window as it is now: RandR may have grown or shrunk it.
-    const ScreenLayout& screen = x_.screenLayout();
-    const RootPoint first = screen.toRoot({rect.left, rect.top});
-    const RootPoint last = screen.toRoot({rect.right, rect.bottom});
-    const std::int64_t left = std::max<std::int64_t>(first.x, 0);
-    const std::int64_t top = std::max<std::int64_t>(first.y, 0);
-    const std::int64_t right = std::min<std::int64_t>(last.x, screen.width - 1);
-    const std::int64_t bottom = std::min<std::int64_t>(last.y, screen.height - 1);
-    if (right < left || bottom < top) return;
-
-    const auto x = static_cast<int>(left);
-    const auto y = static_cast<int>(top);
-    const auto w = static_cast<int>(right - left + 1);
-    const auto h = static_cast<int>(bottom - top + 1);
+    const std::optional<Visible> part = visiblePart(x_.screenLayout(), rect);
+    if (!part) return;
+    const auto [x, y, w, h, skipped] = *part;
     XImage* image = useShm_ ? shmImage(w, h) : nullptr;
     const bool fromShm = image && XShmGetImage(x_.display(), x_.root(), image, x, y, AllPlanes);
     if (image && !fromShm) {
@@ -121,7 +132,6 @@ void X11ScreenReader::readRect(const ScreenRect& rect, std::span<Colour> out) {
     if (!fromShm) image = XGetImage(x_.display(), x_.root(), x, y, static_cast<unsigned>(w),
                                     static_cast<unsigned>(h), AllPlanes, ZPixmap);
     if (!image) return;
-    const auto skipped = static_cast<std::size_t>(top - first.y) * width + static_cast<std::size_t>(left - first.x);
     convert(image, w, h, out.subspan(skipped), width);
     if (fromShm) image->data = nullptr;  // the segment stays for the next read
     XDestroyImage(image);
