@@ -19,14 +19,17 @@ int countAndIgnore(Display*, XErrorEvent*) {
 
 std::once_flag handlerInstalled;
 
-}  // namespace
-
-X11Connection::X11Connection(const char* displayName) : display_(XOpenDisplay(displayName)) {
-    if (!display_) throw std::runtime_error("cannot open the X display");
+Display* openDisplay(const char* displayName) {
     std::call_once(handlerInstalled, [] { XSetErrorHandler(countAndIgnore); });
+    Display* display = XOpenDisplay(displayName);
+    if (!display) throw std::runtime_error("cannot open the X display");
+    return display;
 }
 
-X11Connection::~X11Connection() { XCloseDisplay(display_); }
+}  // namespace
+
+X11Connection::X11Connection(const char* displayName)
+    : display_(openDisplay(displayName)), layout_(DisplayString(display_.get())) {}
 
 unsigned long X11Connection::errorCount() { return errors.load(); }
 

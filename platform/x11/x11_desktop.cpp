@@ -5,6 +5,8 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
+#include <algorithm>
+#include <limits>
 #include <thread>
 #include <vector>
 
@@ -21,6 +23,11 @@ using namespace wm;
 constexpr long kNetWmStateRemove = 0;
 constexpr long kNetWmStateAdd = 1;
 
+std::int32_t clampToInt32(std::int64_t value) {
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(value, std::numeric_limits<std::int32_t>::min(),
+                                                              std::numeric_limits<std::int32_t>::max()));
+}
+
 bool isViewable(Display* d, Window w) {
     XWindowAttributes attributes;
     return XGetWindowAttributes(d, w, &attributes) && attributes.map_state == IsViewable;
@@ -28,39 +35,29 @@ bool isViewable(Display* d, Window w) {
 
 }  // namespace
 
-X11Desktop::X11Desktop(X11Connection& connection) : x_(connection), keyboard_(connection.display()) {}
+X11Desktop::X11Desktop(X11Connection& connection)
+    : x_(connection), keyboard_(connection.display()), windowAtPoint_(connection.display()) {}
 
+// Beyond the root window there is no window; checking first also keeps the point
+// from wrapping in the protocol's 16-bit coordinates.
 WindowHandle X11Desktop::windowFromPoint(ScreenPoint point) {
-    Display* d = x_.display();
-    Window from = x_.root();
-    Window found = 0;
-    int x = point.x;
-    int y = point.y;
-    for (;;) {
-        Window child = None;
-        int cx = 0;
-        int cy = 0;
-        if (!XTranslateCoordinates(d, from, from, x, y, &cx, &cy, &child) || child == None) break;
-        int nx = 0;
-        int ny = 0;
-        Window ignored = None;
-        if (!XTranslateCoordinates(d, from, child, x, y, &nx, &ny, &ignored)) break;
-        found = child;
-        from = child;
-        x = nx;
-        y = ny;
-    }
-    return found;
+    const ScreenLayout& screen = x_.screenLayout();
+    const RootPoint at = screen.toRoot(point);
+    if (!screen.onScreen(at)) return 0;
+    return windowAtPoint_.find(x_.root(), static_cast<int>(at.x), static_cast<int>(at.y));
 }
 
+// Measured from the window's origin on the root in full width, so a far point
+// never wraps; only a result beyond 32 bits is held at the limit.
 ScreenPoint X11Desktop::screenToClient(WindowHandle window, ScreenPoint point) {
     if (window == 0) return point;
-    int x = 0;
-    int y = 0;
+    int left = 0;
+    int top = 0;
     Window child = None;
-    if (!XTranslateCoordinates(x_.display(), x_.root(), static_cast<Window>(window), point.x, point.y, &x, &y, &child))
+    if (!XTranslateCoordinates(x_.display(), static_cast<Window>(window), x_.root(), 0, 0, &left, &top, &child))
         return point;
-    return {x, y};
+    const RootPoint at = x_.screenLayout().toRoot(point);
+    return {clampToInt32(at.x - left), clampToInt32(at.y - top)};
 }
 
 void X11Desktop::postMessage(WindowHandle window, std::uint32_t code, std::uint32_t wParam, std::uint32_t lParam) {
@@ -142,7 +139,7 @@ ScreenPoint X11Desktop::cursorPos() {
     int winY = 0;
     unsigned int mask = 0;
     XQueryPointer(x_.display(), x_.root(), &root, &child, &rootX, &rootY, &winX, &winY, &mask);
-    return {rootX, rootY};
+    return x_.screenLayout().toScreen(rootX, rootY);
 }
 
 // Through the window manager's standard stay-above state. A window that is not

@@ -3,6 +3,7 @@
 #include "ports/desktop.h"
 #include "x11/x11_connection.h"
 #include "x11/x11_keyboard.h"
+#include "x11/x11_window_at_point.h"
 
 namespace quorlin::x11 {
 
@@ -28,6 +29,7 @@ private:
 
     X11Connection& x_;
     X11Keyboard keyboard_;
+    X11WindowAtPoint windowAtPoint_;
     Window lastWasReturnTo_ = 0;
 };
 

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <optional>
 
 namespace quorlin::x11 {
 
@@ -28,6 +29,27 @@ struct Channel {
     }
 };
 
+// The part of a rectangle that lies on the root window, in root coordinates, and
+// where its first pixel goes in the rectangle's row-by-row output.
+struct Visible {
+    int x, y, width, height;
+    std::size_t skipped;
+};
+
+// Clipped to the root window as it is now: RandR may have grown or shrunk it.
+std::optional<Visible> visiblePart(const ScreenLayout& screen, const ScreenRect& rect) {
+    const RootPoint first = screen.toRoot({rect.left, rect.top});
+    const RootPoint last = screen.toRoot({rect.right, rect.bottom});
+    const std::int64_t left = std::max<std::int64_t>(first.x, 0);
+    const std::int64_t top = std::max<std::int64_t>(first.y, 0);
+    const std::int64_t right = std::min<std::int64_t>(last.x, screen.width - 1);
+    const std::int64_t bottom = std::min<std::int64_t>(last.y, screen.height - 1);
+    if (right < left || bottom < top) return std::nullopt;
+    const auto skipped = static_cast<std::size_t>((top - first.y) * rect.width() + (left - first.x));
+    return Visible{static_cast<int>(left), static_cast<int>(top), static_cast<int>(right - left + 1),
+                   static_cast<int>(bottom - top + 1), skipped};
+}
+
 }  // namespace
 
 struct X11ScreenReader::Shm {
@@ -39,8 +61,6 @@ X11ScreenReader::X11ScreenReader(X11Connection& connection) : x_(connection) {
     Display* d = x_.display();
     XWindowAttributes root;
     XGetWindowAttributes(d, x_.root(), &root);
-    screenWidth_ = root.width;
-    screenHeight_ = root.height;
     visual_ = root.visual;
     depth_ = root.depth;
     useShm_ = XShmQueryExtension(d) == True;
@@ -100,24 +120,19 @@ void X11ScreenReader::readRect(const ScreenRect& rect, std::span<Colour> out) {
     if (width == 0 || height == 0) return;
     std::fill(out.begin(), out.end(), kOffScreen);
 
-    const int left = std::max(rect.left, 0);
-    const int top = std::max(rect.top, 0);
-    const int right = std::min(rect.right, screenWidth_ - 1);
-    const int bottom = std::min(rect.bottom, screenHeight_ - 1);
-    if (right < left || bottom < top) return;
-
-    const int w = right - left + 1;
-    const int h = bottom - top + 1;
+    const std::optional<Visible> part = visiblePart(x_.screenLayout(), rect);
+    if (!part) return;
+    const auto [x, y, w, h, skipped] = *part;
     XImage* image = useShm_ ? shmImage(w, h) : nullptr;
-    const bool fromShm = image && XShmGetImage(x_.display(), x_.root(), image, left, top, AllPlanes);
+    const bool fromShm = image && XShmGetImage(x_.display(), x_.root(), image, x, y, AllPlanes);
     if (image && !fromShm) {
         image->data = nullptr;
         XDestroyImage(image);
     }
-    if (!fromShm) image = XGetImage(x_.display(), x_.root(), left, top, static_cast<unsigned>(w),
+    if (!fromShm) image = XGetImage(x_.display(), x_.root(), x, y, static_cast<unsigned>(w),
                                     static_cast<unsigned>(h), AllPlanes, ZPixmap);
     if (!image) return;
-    convert(image, w, h, out.subspan(static_cast<std::size_t>(top - rect.top) * width + (left - rect.left)), width);
+    convert(image, w, h, out.subspan(skipped), width);
     if (fromShm) image->data = nullptr;  // the segment stays for the next read
     XDestroyImage(image);
 }

@@ -25,8 +25,6 @@ private:
     void convert(XImage* image, int w, int h, std::span<Colour> out, int outStride) const;
 
     X11Connection& x_;
-    int screenWidth_ = 0;
-    int screenHeight_ = 0;
     Visual* visual_ = nullptr;
     int depth_ = 0;
     bool useShm_ = false;

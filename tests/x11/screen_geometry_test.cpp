@@ -1,0 +1,158 @@
+#include <gtest/gtest.h>
+
+#include <X11/extensions/Xrandr.h>
+
+#include <algorithm>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "private_display.h"
+#include "recording_window.h"
+#include "x11/x11_desktop.h"
+#include "x11/x11_screen_reader.h"
+
+namespace quorlin::testing {
+namespace {
+
+constexpr Colour kWhite = 0xFFFFFF;
+
+// Reshapes the test's own screen the way xrandr does: the one output gets a mode of
+// the new size and the screen follows it.
+void resizeScreen(Display* d, int width, int height) {
+    const Window root = DefaultRootWindow(d);
+    XRRScreenResources* resources = XRRGetScreenResources(d, root);
+    RROutput output = resources->outputs[0];
+    RRMode mode = None;
+    for (int i = 0; i < resources->nmode; ++i)
+        if (static_cast<int>(resources->modes[i].width) == width && static_cast<int>(resources->modes[i].height) == height)
+            mode = resources->modes[i].id;
+    if (mode == None) {
+        std::string name = std::to_string(width) + "x" + std::to_string(height);
+        XRRModeInfo info{};
+        info.width = static_cast<unsigned>(width);
+        info.height = static_cast<unsigned>(height);
+        info.hTotal = info.width;
+        info.vTotal = info.height;
+        info.name = name.data();
+        info.nameLength = static_cast<unsigned>(name.size());
+        mode = XRRCreateMode(d, root, &info);
+        XRRAddOutputMode(d, output, mode);
+    }
+    XWindowAttributes now;
+    XGetWindowAttributes(d, root, &now);
+    if (width > now.width || height > now.height)
+        XRRSetScreenSize(d, root, std::max(width, now.width), std::max(height, now.height), 300, 240);
+    XRRSetCrtcConfig(d, resources, resources->crtcs[0], CurrentTime, 0, 0, mode, RR_Rotate_0, &output, 1);
+    XRRSetScreenSize(d, root, width, height, 300, 240);
+    XRRFreeScreenResources(resources);
+    XSync(d, False);
+}
+
+void setMonitor(Display* d, const char* name, bool primary, int x, int y, int width, int height) {
+    XRRMonitorInfo monitor{};
+    monitor.name = XInternAtom(d, name, False);
+    monitor.primary = primary;
+    monitor.x = x;
+    monitor.y = y;
+    monitor.width = width;
+    monitor.height = height;
+    monitor.mwidth = width / 4;
+    monitor.mheight = height / 4;
+    XRRSetMonitor(d, DefaultRootWindow(d), &monitor);
+    XSync(d, False);
+}
+
+class ScreenGeometryTest : public ::testing::Test {
+protected:
+    PrivateDisplay server;
+    Display* d = XOpenDisplay(nullptr);
+
+    ~ScreenGeometryTest() override { XCloseDisplay(d); }
+
+    std::vector<Colour> read(x11::X11ScreenReader& reader, ScreenRect rect) {
+        std::vector<Colour> out(static_cast<std::size_t>(rect.width()) * rect.height());
+        reader.readRect(rect, out);
+        return out;
+    }
+};
+
+TEST_F(ScreenGeometryTest, ReadsAndLookUpsFollowTheScreenAsItShrinksAndGrows) {
+    resizeScreen(d, 1000, 800);  // smaller than the screen will grow to, before the reader starts
+    x11::X11Connection connection;
+    x11::X11Desktop desktop(connection);
+    x11::X11ScreenReader reader(connection);
+    RecordingWindow across(900, 700, 300, 200);
+
+    const std::vector<Colour> tenWhite(10, kWhite);
+    const std::vector<Colour> tenOff(10, kOffScreen);
+    struct Case {
+        int width, height;
+        std::vector<Colour> beforeEdge, beyondEdge;
+        bool windowBeyondEdge;
+    };
+    const Case cases[] = {{1280, 1024, tenWhite, tenWhite, true},
+                          {1000, 800, tenWhite, tenOff, false},
+                          {1280, 1024, tenWhite, tenWhite, true}};
+    for (const Case& c : cases) {
+        resizeScreen(d, c.width, c.height);
+        const auto row = read(reader, {990, 750, 1009, 750});
+        EXPECT_EQ(std::vector<Colour>(row.begin(), row.begin() + 10), c.beforeEdge) << c.width;
+        EXPECT_EQ(std::vector<Colour>(row.begin() + 10, row.end()), c.beyondEdge) << c.width;
+        EXPECT_EQ(read(reader, {1100, 790, 1100, 790}), (std::vector<Colour>{c.windowBeyondEdge ? kWhite : kOffScreen}));
+        EXPECT_EQ(desktop.windowFromPoint({1100, 750}), c.windowBeyondEdge ? across.id() : 0u) << c.width;
+    }
+}
+
+// Monitors: a narrow one at the root's left edge, the primary to its right.
+TEST_F(ScreenGeometryTest, ScreenCoordinatesStartAtThePrimaryMonitorForReadoutClicksAndReads) {
+    x11::X11Connection connection;
+    x11::X11Desktop desktop(connection);
+    x11::X11ScreenReader reader(connection);
+    RecordingWindow target(50, 40, 100, 100);
+    const Window root = DefaultRootWindow(d);
+    XWarpPointer(d, None, root, 0, 0, 0, 0, 100, 50);
+    XSync(d, False);
+
+    const auto removeMonitors = [&] {
+        XRRDeleteMonitor(d, root, XInternAtom(d, "left", False));
+        XRRDeleteMonitor(d, root, XInternAtom(d, "right", False));
+        XSync(d, False);
+    };
+    struct Case {
+        const char* layout;
+        std::function<void()> setUp;
+        ScreenPoint cursor;
+    };
+    const Case cases[] = {
+        {"primary right of a 400 pixel monitor",
+         [&] {
+             setMonitor(d, "left", false, 0, 0, 400, 1024);
+             setMonitor(d, "right", true, 400, 0, 880, 1024);
+         },
+         {-300, 50}},
+        {"primary moved right and down",
+         [&] {
+             removeMonitors();
+             setMonitor(d, "right", true, 200, 70, 1080, 954);
+         },
+         {-100, -20}},
+        {"no primary", removeMonitors, {100, 50}}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.layout);
+        c.setUp();
+        const ScreenPoint at = desktop.cursorPos();
+        EXPECT_EQ(at, c.cursor);
+        // The point the readout shows is the point that clicks and reads there.
+        EXPECT_EQ(desktop.windowFromPoint(at), target.id());
+        EXPECT_EQ(desktop.screenToClient(target.id(), at), (ScreenPoint{50, 10}));
+        EXPECT_EQ(read(reader, {at.x, at.y, at.x, at.y}), std::vector<Colour>{kWhite});
+        const ScreenPoint rootOrigin{at.x - 100, at.y - 50};
+        EXPECT_EQ(read(reader, {rootOrigin.x - 1, rootOrigin.y, rootOrigin.x - 1, rootOrigin.y}),
+                  std::vector<Colour>{kOffScreen});
+        EXPECT_EQ(desktop.windowFromPoint({rootOrigin.x - 1, at.y}), 0u);
+    }
+}
+
+}  // namespace
+}  // namespace quorlin::testing
