@@ -15,7 +15,7 @@ int main(int argc, char** argv) {
     const QString root = QString::fromLocal8Bit(argv[1]);
     for (int i = 2; i < argc; ++i) {
         const int size = std::atoi(argv[i]);
-        const QString folder = QString("%1/%2x%2/apps").arg(root).arg(size);
+        const QString folder = QString("%1/%2x%2/apps").arg(root, QString::number(size));
         if (size <= 0 || !QDir().mkpath(folder) || !quorlin::qt::iconImage(size).save(folder + "/quorlin.png")) {
             std::fprintf(stderr, "%s: cannot write the %s px icon under %s\n", argv[0], argv[i], argv[1]);
             return 1;
