@@ -69,11 +69,15 @@ QPixmap helpPixmap() {
     return pixmap;
 }
 
-QIcon windowIcon() {
-    QPixmap pixmap = transparentPixmap(32, 32);
-    QPainter p(&pixmap);
-    drawEmblem(p, QRectF(0, 0, 32, 32));
-    return QIcon(pixmap);
+QIcon windowIcon() { return QIcon(QPixmap::fromImage(iconImage(32))); }
+
+// Drawn into an image, not a pixmap, so that a build step can draw it with no display.
+QImage iconImage(int size) {
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter p(&image);
+    drawEmblem(p, QRectF(0, 0, size, size));
+    return image;
 }
 
 }  // namespace quorlin::qt

@@ -1,0 +1,107 @@
+// `quorlin FILE.tpl` started for real on the test display: the project's picture
+// shows in the window, and the window carries the class its desktop entry names.
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "x11/x11_connection.h"
+#include "x11/x11_screen_reader.h"
+
+// After gtest: Xlib defines macros such as None and Bool.
+#include <X11/Xutil.h>
+
+extern char** environ;
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+// 0x00BBGGRR of RGB (0x12, 0x34, 0x56): a colour nothing else on the test screen has.
+constexpr quorlin::Colour kPictureColour = 0x563412;
+constexpr int kPictureSide = 16;
+
+// A project with a 16 x 16 reference picture of one colour and no track list.
+std::string projectWithPicture() {
+    std::string file = "True\r\nFalse\r\n0\r\n0\r\n15\r\n15\r\n1\r\n15\r\n15\r\n";
+    for (int i = 0; i < kPictureSide * kPictureSide; ++i) file += "5649426\r\n";
+    for (const char* line : {"False", "True", "False", "0", "", "True", "False", "False", "True", "1", "True", "False",
+                             "True", "False", "False", "5", "200", "150", "0", "3", "0", "1", "5"})
+        file += std::string(line) + "\r\n";
+    return file;
+}
+
+class RunningQuorlin {
+public:
+    explicit RunningQuorlin(const std::string& projectPath) {
+        std::vector<char*> argv{const_cast<char*>(QUORLIN_BINARY), const_cast<char*>(projectPath.c_str()), nullptr};
+        if (posix_spawn(&pid_, QUORLIN_BINARY, nullptr, nullptr, argv.data(), environ) != 0) pid_ = 0;
+    }
+    ~RunningQuorlin() {
+        if (pid_ <= 0) return;
+        kill(pid_, SIGTERM);
+        waitpid(pid_, nullptr, 0);
+    }
+    bool started() const { return pid_ > 0; }
+
+private:
+    pid_t pid_ = 0;
+};
+
+// Whether a whole row of the picture's side lies on screen in its colour.
+bool pictureOnScreen(quorlin::x11::X11Connection& x) {
+    const int width = DisplayWidth(x.display(), DefaultScreen(x.display()));
+    const int height = DisplayHeight(x.display(), DefaultScreen(x.display()));
+    std::vector<quorlin::Colour> pixels(static_cast<std::size_t>(width) * height);
+    quorlin::x11::X11ScreenReader(x).readRect({0, 0, width - 1, height - 1}, pixels);
+    int run = 0;
+    for (quorlin::Colour c : pixels) {
+        run = c == kPictureColour ? run + 1 : 0;
+        if (run == kPictureSide) return true;
+    }
+    return false;
+}
+
+bool topLevelOfClass(quorlin::x11::X11Connection& x, const std::string& name, const std::string& className) {
+    Window root = 0, parent = 0, *children = nullptr;
+    unsigned int count = 0;
+    if (!XQueryTree(x.display(), x.root(), &root, &parent, &children, &count)) return false;
+    bool found = false;
+    for (unsigned int i = 0; i < count && !found; ++i) {
+        XClassHint hint{};
+        if (!XGetClassHint(x.display(), children[i], &hint)) continue;
+        found = name == hint.res_name && className == hint.res_class;
+        XFree(hint.res_name);
+        XFree(hint.res_class);
+    }
+    XFree(children);
+    return found;
+}
+
+TEST(FileArgument, StartsWithTheProjectLoadedInAWindowOfClassQuorlin) {
+    const fs::path project = fs::temp_directory_path() / ("quorlin-argument-" + std::to_string(getpid()) + ".tpl");
+    std::ofstream(project, std::ios::binary) << projectWithPicture();
+    quorlin::x11::X11Connection x;
+    ASSERT_FALSE(pictureOnScreen(x));
+
+    RunningQuorlin quorlin(project.string());
+    ASSERT_TRUE(quorlin.started());
+    bool shown = false;
+    for (auto deadline = std::chrono::steady_clock::now() + 20s; !shown && std::chrono::steady_clock::now() < deadline;
+         std::this_thread::sleep_for(100ms))
+        shown = pictureOnScreen(x);
+    EXPECT_TRUE(shown);
+    EXPECT_TRUE(topLevelOfClass(x, "quorlin", "quorlin"));
+    fs::remove(project);
+}
+
+}  // namespace
