@@ -19,6 +19,8 @@ public:
     void setTopMost(WindowHandle window, bool topMost) override;
     void openLink(const std::string& link) override;
 
+    static constexpr auto kQuietEnd = X11InputRouter::kQuietEnd;
+
     // Ends the step's input at once (pointer crossing, focus, bound keys) instead of
     // after the messages have stopped for a while.
     void finishStep() { input_.finishStep(); }

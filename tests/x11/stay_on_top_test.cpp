@@ -8,6 +8,7 @@
 #include <chrono>
 #include <thread>
 
+#include "window_manager.h"
 #include "x11/x11_desktop.h"
 
 extern char** environ;
@@ -16,40 +17,6 @@ namespace quorlin::testing {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-
-// A real window manager on the test display, for as long as the test runs.
-class WindowManager {
-public:
-    explicit WindowManager(Display* d) : d_(d) {
-        char program[] = "openbox";
-        char option[] = "--sm-disable";
-        char* argv[] = {program, option, nullptr};
-        if (posix_spawnp(&pid_, "openbox", nullptr, nullptr, argv, environ) != 0) pid_ = 0;
-        const Atom check = XInternAtom(d_, "_NET_SUPPORTING_WM_CHECK", False);
-        for (auto until = Clock::now() + std::chrono::seconds(10); pid_ && Clock::now() < until && !has(check);)
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    ~WindowManager() {
-        if (!pid_) return;
-        kill(pid_, SIGTERM);
-        waitpid(pid_, nullptr, 0);
-    }
-    bool running() { return pid_ && has(XInternAtom(d_, "_NET_SUPPORTING_WM_CHECK", False)); }
-
-private:
-    bool has(Atom property) {
-        Atom type = None;
-        int format = 0;
-        unsigned long count = 0, after = 0;
-        unsigned char* data = nullptr;
-        XGetWindowProperty(d_, DefaultRootWindow(d_), property, 0, 1, False, AnyPropertyType, &type, &format, &count,
-                           &after, &data);
-        if (data) XFree(data);
-        return count > 0;
-    }
-    Display* d_;
-    pid_t pid_ = 0;
-};
 
 bool isAbove(Display* d, Window w) {
     const Atom state = XInternAtom(d, "_NET_WM_STATE", False);
