@@ -1,7 +1,6 @@
 #include "x11/x11_desktop.h"
 
 #include <X11/Xatom.h>
-#include <X11/keysym.h>
 #include <spawn.h>
 #include <sys/wait.h>
 
@@ -10,15 +9,11 @@
 #include <thread>
 #include <vector>
 
-#include "run/window_messages.h"
-
 extern char** environ;
 
 namespace quorlin::x11 {
 
 namespace {
-
-using namespace wm;
 
 constexpr long kNetWmStateRemove = 0;
 constexpr long kNetWmStateAdd = 1;
@@ -36,7 +31,7 @@ bool isViewable(Display* d, Window w) {
 }  // namespace
 
 X11Desktop::X11Desktop(X11Connection& connection)
-    : x_(connection), keyboard_(connection.display()), windowAtPoint_(connection.display()) {}
+    : x_(connection), windowAtPoint_(connection.display()), input_(DisplayString(connection.display())) {}
 
 // Beyond the root window there is no window; checking first also keeps the point
 // from wrapping in the protocol's 16-bit coordinates.
@@ -61,73 +56,7 @@ ScreenPoint X11Desktop::screenToClient(WindowHandle window, ScreenPoint point) {
 }
 
 void X11Desktop::postMessage(WindowHandle window, std::uint32_t code, std::uint32_t wParam, std::uint32_t lParam) {
-    if (window == 0) return;
-    const auto target = static_cast<Window>(window);
-    switch (code) {
-        case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK: sendButton(target, ButtonPress, Button1, 0, lParam); break;
-        case WM_LBUTTONUP: sendButton(target, ButtonRelease, Button1, Button1Mask, lParam); break;
-        case WM_RBUTTONDOWN: sendButton(target, ButtonPress, Button3, 0, lParam); break;
-        case WM_RBUTTONUP: sendButton(target, ButtonRelease, Button3, Button3Mask, lParam); break;
-        case WM_CHAR: sendCharacter(target, static_cast<unsigned char>(wParam & 0xFF)); break;
-        default: break;  // key-down and key-up: the character travels with WM_CHAR
-    }
-    XFlush(x_.display());
-}
-
-// Button and key events share their first fields; both are filled through the key view.
-XEvent X11Desktop::inputEvent(int type, Window target) const {
-    XEvent event{};
-    XKeyEvent& e = event.xkey;
-    e.type = type;
-    e.display = x_.display();
-    e.window = target;
-    e.root = x_.root();
-    e.subwindow = None;
-    e.time = CurrentTime;
-    e.same_screen = True;
-    return event;
-}
-
-void X11Desktop::sendButton(Window target, int type, unsigned int button, unsigned int state, std::uint32_t lParam) {
-    XEvent event = inputEvent(type, target);
-    XButtonEvent& b = event.xbutton;
-    b.x = lParamX(lParam);
-    b.y = lParamY(lParam);
-    Window child = None;
-    if (!XTranslateCoordinates(x_.display(), target, x_.root(), b.x, b.y, &b.x_root, &b.y_root, &child)) {
-        b.x_root = b.x;
-        b.y_root = b.y;
-    }
-    b.state = state;
-    b.button = button;
-    XSendEvent(x_.display(), target, False, type == ButtonPress ? ButtonPressMask : ButtonReleaseMask, &event);
-}
-
-// A CR LF pair is one line break: the LF that follows a CR to the same window is dropped.
-void X11Desktop::sendCharacter(Window target, unsigned char code) {
-    const bool afterReturn = lastWasReturnTo_ == target;
-    lastWasReturnTo_ = code == '\r' ? target : 0;
-    KeySym keysym = NoSymbol;
-    if (code == '\r') keysym = XK_Return;
-    else if (code == '\n') keysym = afterReturn ? NoSymbol : XK_Return;
-    else if (code == '\t') keysym = XK_Tab;
-    else if (code >= 32) keysym = X11Keyboard::keysymForAnsi(code);
-    if (keysym == NoSymbol) return;
-
-    const KeyStroke stroke = keyboard_.strokeFor(keysym);
-    if (stroke.keycode == 0) return;
-    sendKey(target, KeyPress, stroke);
-    sendKey(target, KeyRelease, stroke);
-}
-
-void X11Desktop::sendKey(Window target, int type, const KeyStroke& stroke) {
-    XEvent event = inputEvent(type, target);
-    XKeyEvent& k = event.xkey;
-    k.x = k.y = k.x_root = k.y_root = 1;
-    k.state = stroke.state;
-    k.keycode = stroke.keycode;
-    XSendEvent(x_.display(), target, False, type == KeyPress ? KeyPressMask : KeyReleaseMask, &event);
+    if (window != 0) input_.post(static_cast<Window>(window), code, wParam, lParam);
 }
 
 ScreenPoint X11Desktop::cursorPos() {
@@ -148,6 +77,7 @@ void X11Desktop::setTopMost(WindowHandle window, bool topMost) {
     if (window == 0) return;
     Display* d = x_.display();
     const auto w = static_cast<Window>(window);
+    input_.setOwnWindow(w);
     const Atom state = XInternAtom(d, "_NET_WM_STATE", False);
     const Atom above = XInternAtom(d, "_NET_WM_STATE_ABOVE", False);
     if (isViewable(d, w)) {

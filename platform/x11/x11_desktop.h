@@ -2,13 +2,13 @@
 
 #include "ports/desktop.h"
 #include "x11/x11_connection.h"
-#include "x11/x11_keyboard.h"
+#include "x11/x11_input_router.h"
 #include "x11/x11_window_at_point.h"
 
 namespace quorlin::x11 {
 
-// The desktop operations on X11. Window messages become synthetic X events sent to
-// the target window; the real pointer and the focus are never touched.
+// The desktop operations on X11. Window messages become X input for the target window
+// (see X11InputRouter); the user's pointer and focus are never touched.
 class X11Desktop : public Desktop {
 public:
     explicit X11Desktop(X11Connection& connection);
@@ -20,17 +20,18 @@ public:
     void setTopMost(WindowHandle window, bool topMost) override;
     void openLink(const std::string& link) override;
 
+    static constexpr auto kQuietEnd = X11InputRouter::kQuietEnd;
+
+    // Ends the step's input at once (pointer crossing, focus, bound keys) instead of
+    // after the messages have stopped for a while.
+    void finishStep() { input_.finishStep(); }
+
 private:
-    XEvent inputEvent(int type, Window target) const;
-    void sendButton(Window target, int type, unsigned int button, unsigned int state, std::uint32_t lParam);
-    void sendCharacter(Window target, unsigned char code);
-    void sendKey(Window target, int type, const KeyStroke& stroke);
     void setStateProperty(Window w, Atom state, Atom above, bool on);
 
     X11Connection& x_;
-    X11Keyboard keyboard_;
     X11WindowAtPoint windowAtPoint_;
-    Window lastWasReturnTo_ = 0;
+    X11InputRouter input_;
 };
 
 }  // namespace quorlin::x11

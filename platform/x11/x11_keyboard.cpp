@@ -21,6 +21,16 @@ KeyStroke X11Keyboard::strokeFor(KeySym keysym) {
     return {spare, 0};
 }
 
+void X11Keyboard::restore() {
+    if (bound_.empty()) return;
+    for (const auto& [keysym, keycode] : bound_) {
+        KeySym none = NoSymbol;
+        XChangeKeyboardMapping(display_, keycode, 1, &none, 1);
+    }
+    bound_.clear();
+    XSync(display_, False);
+}
+
 KeyStroke X11Keyboard::lookUp(KeySym keysym) {
     const KeyCode keycode = XKeysymToKeycode(display_, keysym);
     if (keycode == 0) return {};

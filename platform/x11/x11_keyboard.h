@@ -13,13 +13,19 @@ struct KeyStroke {
 };
 
 // Finds the key for a keysym in the server's keyboard map; a keysym the map lacks is
-// bound to a spare keycode (one without keysyms) and stays bound.
+// bound to a spare keycode (one without keysyms) until restore() gives the spare codes
+// back, so the map is left as it was found.
 class X11Keyboard {
 public:
     explicit X11Keyboard(Display* display) : display_(display) {}
+    ~X11Keyboard() { restore(); }
+    X11Keyboard(const X11Keyboard&) = delete;
+    X11Keyboard& operator=(const X11Keyboard&) = delete;
 
     // Nothing (keycode 0) when no key can be found or made.
     KeyStroke strokeFor(KeySym keysym);
+    // Unbinds every spare code bound since the last call.
+    void restore();
 
     // The keysym a Windows-1252 character code stands for.
     static KeySym keysymForAnsi(unsigned char code);

@@ -1,0 +1,120 @@
+#include "x11/x11_core_route.h"
+
+namespace quorlin::x11 {
+
+namespace {
+
+long maskOf(int type) {
+    switch (type) {
+        case ButtonPress: return ButtonPressMask;
+        case ButtonRelease: return ButtonReleaseMask;
+        case KeyPress: return KeyPressMask;
+        case KeyRelease: return KeyReleaseMask;
+        case EnterNotify: return EnterWindowMask;
+        case LeaveNotify: return LeaveWindowMask;
+        default: return FocusChangeMask;
+    }
+}
+
+unsigned int buttonMask(unsigned int button) { return Button1Mask << (button - 1); }
+
+}  // namespace
+
+CoreRoute::CoreRoute(Display* display, ServerClock& clock, WindowChain chain)
+    : d_(display), clock_(clock), chain_(std::move(chain)) {}
+
+void CoreRoute::press(unsigned int button, int rootX, int rootY) {
+    this->button(ButtonPress, button, buttonsDown_, rootX, rootY);
+    buttonsDown_ |= buttonMask(button);
+}
+
+void CoreRoute::release(unsigned int button, int rootX, int rootY) {
+    this->button(ButtonRelease, button, buttonsDown_ | buttonMask(button), rootX, rootY);
+    buttonsDown_ &= ~buttonMask(button);
+}
+
+void CoreRoute::type(const KeyStroke& stroke) {
+    if (!focused_) focus(FocusIn);
+    focused_ = true;
+    key(KeyPress, stroke);
+    key(KeyRelease, stroke);
+}
+
+void CoreRoute::end() {
+    if (inside_) cross(LeaveNotify);
+    if (focused_) focus(FocusOut);
+    inside_ = focused_ = false;
+}
+
+void CoreRoute::button(int type, unsigned int button, unsigned int state, int rootX, int rootY) {
+    rootX_ = rootX;
+    rootY_ = rootY;
+    if (!inside_) cross(EnterNotify);
+    inside_ = true;
+    const auto at = chain_.deliveryFor(maskOf(type));
+    if (!at) return;
+    XEvent event = pointerEvent(type, *at, clock_.now());
+    event.xbutton.state = state;
+    event.xbutton.button = button;
+    XSendEvent(d_, event.xany.window, False, maskOf(type), &event);
+}
+
+// Keys go where a real keyboard's would while the pointer is inside the focused top
+// level: to the target, or the nearest ancestor that takes them.
+void CoreRoute::key(int type, const KeyStroke& stroke) {
+    const auto at = chain_.deliveryFor(maskOf(type));
+    if (!at) return;
+    XEvent event = pointerEvent(type, *at, clock_.now());
+    event.xkey.state = stroke.state | buttonsDown_;
+    event.xkey.keycode = stroke.keycode;
+    XSendEvent(d_, event.xany.window, False, maskOf(type), &event);
+}
+
+// A real crossing from another top level: the ancestors hear of it as virtual, from
+// the outside in when entering and from the inside out when leaving.
+void CoreRoute::cross(int type) {
+    const Time time = clock_.now();
+    const std::size_t count = chain_.links().size();
+    for (std::size_t n = 0; n < count; ++n) {
+        const std::size_t at = type == EnterNotify ? count - 1 - n : n;
+        XEvent event = pointerEvent(type, at, time);
+        XCrossingEvent& c = event.xcrossing;
+        c.mode = NotifyNormal;
+        c.detail = at == 0 ? NotifyNonlinear : NotifyNonlinearVirtual;
+        c.focus = focused_;
+        c.state = buttonsDown_;
+        XSendEvent(d_, c.window, False, maskOf(type), &event);
+    }
+}
+
+void CoreRoute::focus(int type) {
+    XEvent event{};
+    XFocusChangeEvent& f = event.xfocus;
+    f.type = type;
+    f.display = d_;
+    f.window = chain_.topLevel().window;
+    f.mode = NotifyNormal;
+    f.detail = NotifyNonlinear;
+    XSendEvent(d_, f.window, False, FocusChangeMask, &event);
+}
+
+// Button, key and crossing events share these fields and their layout, same_screen included.
+XEvent CoreRoute::pointerEvent(int type, std::size_t at, Time time) const {
+    const WindowChain::Link& link = chain_.links()[at];
+    XEvent event{};
+    XButtonEvent& e = event.xbutton;
+    e.type = type;
+    e.display = d_;
+    e.window = link.window;
+    e.root = DefaultRootWindow(d_);
+    e.subwindow = at == 0 ? None : chain_.links()[at - 1].window;
+    e.time = time;
+    e.x = rootX_ - link.originX;
+    e.y = rootY_ - link.originY;
+    e.x_root = rootX_;
+    e.y_root = rootY_;
+    e.same_screen = True;
+    return event;
+}
+
+}  // namespace quorlin::x11

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "x11/x11_input_route.h"
+#include "x11/x11_server_clock.h"
+#include "x11/x11_window_chain.h"
+
+namespace quorlin::x11 {
+
+// Input as core events sent to the clients that select them, shaped as a real device's
+// would be: server time stamps, the window that would receive the event after
+// propagation, a pointer crossing into the target around the clicks and a focus
+// change to its top level around typed keys. The real pointer and focus stay put.
+class CoreRoute : public InputRoute {
+public:
+    CoreRoute(Display* display, ServerClock& clock, WindowChain chain);
+
+    void press(unsigned int button, int rootX, int rootY) override;
+    void release(unsigned int button, int rootX, int rootY) override;
+    void type(const KeyStroke& stroke) override;
+    void end() override;
+
+private:
+    void button(int type, unsigned int button, unsigned int state, int rootX, int rootY);
+    void key(int type, const KeyStroke& stroke);
+    void cross(int type);
+    void focus(int type);
+    XEvent pointerEvent(int type, std::size_t at, Time time) const;
+
+    Display* d_;
+    ServerClock& clock_;
+    WindowChain chain_;
+    int rootX_ = 0;
+    int rootY_ = 0;
+    unsigned int buttonsDown_ = 0;
+    bool inside_ = false;
+    bool focused_ = false;
+};
+
+}  // namespace quorlin::x11

@@ -1,0 +1,150 @@
+#include "x11/x11_input_router.h"
+
+#include <optional>
+
+#include "run/window_messages.h"
+#include "x11/x11_route_choice.h"
+
+namespace quorlin::x11 {
+
+struct X11InputRouter::Visit {
+    Window target = None;
+    std::optional<WindowChain> chain;  // empty when the target has vanished
+    std::unique_ptr<CoreRoute> core;
+    std::unique_ptr<DeviceRoute> device;
+    std::optional<InputRoute*> pointer;  // chosen at the first mouse message; null: out of reach
+    std::optional<InputRoute*> keys;
+};
+
+X11InputRouter::X11InputRouter(const std::string& displayName)
+    : x_(displayName.c_str()),
+      clock_(x_.display()),
+      keyboard_(x_.display()),
+      master_(displayName),
+      notice_(x_.display()),
+      ender_([this] { endWhenQuiet(); }) {}
+
+X11InputRouter::~X11InputRouter() {
+    {
+        std::lock_guard lock(mutex_);
+        stopping_ = true;
+        end();
+    }
+    wake_.notify_one();
+    ender_.join();
+}
+
+void X11InputRouter::post(Window target, std::uint32_t code, std::uint32_t wParam, std::uint32_t lParam) {
+    const bool afterReturn = lastReturnTo_ == target;
+    if (code == wm::WM_CHAR) lastReturnTo_ = (wParam & 0xFF) == '\r' ? target : None;
+    const InputAction action = inputActionFor(code, wParam, afterReturn);
+    if (action.kind == InputAction::Kind::none) return;
+    {
+        std::lock_guard lock(mutex_);
+        if (visit_ && visit_->target != target) end();
+        if (!visit_) begin(target);
+        if (action.kind == InputAction::Kind::key) key(action.keysym);
+        else point(action, lParam);
+        XFlush(x_.display());
+        quietFrom_ = std::chrono::steady_clock::now();
+    }
+    wake_.notify_one();
+}
+
+void X11InputRouter::finishStep() {
+    std::lock_guard lock(mutex_);
+    end();
+}
+
+void X11InputRouter::setOwnWindow(Window window) {
+    std::lock_guard lock(mutex_);
+    notice_.setOwnWindow(window);
+}
+
+void X11InputRouter::begin(Window target) {
+    visit_ = std::make_unique<Visit>();
+    visit_->target = target;
+    visit_->chain = WindowChain::read(x_.display(), target);
+}
+
+void X11InputRouter::end() {
+    if (!visit_) return;
+    if (visit_->core) visit_->core->end();
+    if (visit_->device) visit_->device->end();
+    keyboard_.restore();
+    XFlush(x_.display());
+    visit_.reset();
+}
+
+void X11InputRouter::point(const InputAction& action, std::uint32_t lParam) {
+    if (!visit_->chain) return;
+    const WindowChain::Link& target = visit_->chain->target();
+    const int rootX = target.originX + wm::lParamX(lParam);
+    const int rootY = target.originY + wm::lParamY(lParam);
+    InputRoute* route = pointerRoute(rootX, rootY);
+    if (!route) return;
+    if (action.kind == InputAction::Kind::press) route->press(action.button, rootX, rootY);
+    else route->release(action.button, rootX, rootY);
+}
+
+void X11InputRouter::key(KeySym keysym) {
+    if (!visit_->chain) return;
+    InputRoute* route = keyRoute();
+    if (!route) return;
+    const KeyStroke stroke = keyboard_.strokeFor(keysym);
+    if (stroke.keycode != 0) route->type(stroke);
+}
+
+InputRoute* X11InputRouter::pointerRoute(int rootX, int rootY) {
+    if (visit_->pointer) return *visit_->pointer;
+    const WindowChain& chain = *visit_->chain;
+    const bool reaches = !chain.deliveryFor(ButtonPressMask) && master_.ready() && deviceRoute().reaches(rootX, rootY);
+    switch (pointerRouteFor(chain, reaches)) {
+        case Route::core: visit_->pointer = &coreRoute(); break;
+        case Route::device: visit_->pointer = &deviceRoute(); break;
+        case Route::none:
+            visit_->pointer = nullptr;
+            notice_.cannotReach(chain.topLevel().window, "clicks");
+            break;
+    }
+    return *visit_->pointer;
+}
+
+InputRoute* X11InputRouter::keyRoute() {
+    if (visit_->keys) return *visit_->keys;
+    const WindowChain& chain = *visit_->chain;
+    switch (keyRouteFor(chain, discardsSentKeys(x_.display(), chain), master_.ready())) {
+        case Route::core: visit_->keys = &coreRoute(); break;
+        case Route::device: visit_->keys = &deviceRoute(); break;
+        case Route::none:
+            visit_->keys = nullptr;
+            notice_.cannotReach(chain.topLevel().window, "typing");
+            break;
+    }
+    return *visit_->keys;
+}
+
+CoreRoute& X11InputRouter::coreRoute() {
+    if (!visit_->core) visit_->core = std::make_unique<CoreRoute>(x_.display(), clock_, *visit_->chain);
+    return *visit_->core;
+}
+
+DeviceRoute& X11InputRouter::deviceRoute() {
+    if (!visit_->device) visit_->device = std::make_unique<DeviceRoute>(master_, x_.display(), *visit_->chain);
+    return *visit_->device;
+}
+
+void X11InputRouter::endWhenQuiet() {
+    std::unique_lock lock(mutex_);
+    while (!stopping_) {
+        if (!visit_) {
+            wake_.wait(lock);
+            continue;
+        }
+        const auto due = quietFrom_ + kQuietEnd;
+        if (std::chrono::steady_clock::now() >= due) end();
+        else wake_.wait_until(lock, due);
+    }
+}
+
+}  // namespace quorlin::x11

@@ -1,0 +1,52 @@
+# A GTK 3 window that reports what a user's clicks and typing did to it, one line each.
+import gi
+gi.require_version("Gtk", "3.0")
+from gi.repository import GLib, Gdk, Gtk
+
+
+def say(*words):
+    print(*words, flush=True)
+
+
+def centre(widget):
+    x, y = widget.translate_coordinates(window, 0, 0)
+    _, ox, oy = window.get_window().get_origin()
+    a = widget.get_allocation()
+    return ox + x + a.width // 2, oy + y + a.height // 2
+
+
+def pressed(_, event):
+    if event.type == Gdk.EventType._2BUTTON_PRESS:
+        say("double")
+    elif event.button == 3:
+        say("menu")
+
+
+def entered(entry):
+    say("text", entry.get_text())
+    entry.set_text("")
+
+
+def report():
+    say("at button", *centre(button))
+    say("at entry", *centre(entry))
+    say("ready")
+    return False
+
+
+window = Gtk.Window(title="gtk target")
+window.move(200, 200)
+box = Gtk.Box(orientation=Gtk.Orientation.VERTICAL)
+button = Gtk.Button(label="Press")
+button.set_size_request(200, 60)
+button.connect("clicked", lambda _: say("clicked"))
+button.connect("button-press-event", pressed)
+entry = Gtk.Entry()
+entry.connect("activate", entered)
+box.add(button)
+box.add(entry)
+window.add(box)
+window.connect("map-event", lambda *_: GLib.timeout_add(300, report))
+window.connect("destroy", Gtk.main_quit)
+window.show_all()
+Gtk.main()

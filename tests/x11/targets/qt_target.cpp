@@ -1,0 +1,62 @@
+// A Qt 6 window that reports what a user's clicks and typing did to it, one line each.
+#include <QApplication>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <cstdio>
+
+namespace {
+
+void say(const QString& line) {
+    std::printf("%s\n", line.toUtf8().constData());
+    std::fflush(stdout);
+}
+
+void sayCentre(const char* name, QWidget* w) {
+    const QPoint c = w->mapToGlobal(w->rect().center());
+    say(QString("at %1 %2 %3").arg(name).arg(c.x()).arg(c.y()));
+}
+
+class Button : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void mousePressEvent(QMouseEvent* e) override {
+        if (e->button() == Qt::RightButton) say("menu");
+        QPushButton::mousePressEvent(e);
+    }
+    void mouseDoubleClickEvent(QMouseEvent* e) override {
+        say("double");
+        QPushButton::mouseDoubleClickEvent(e);
+    }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QWidget window;
+    window.setWindowTitle("qt target");
+    auto* layout = new QVBoxLayout(&window);
+    auto* button = new Button("Press");
+    button->setMinimumSize(200, 60);
+    auto* entry = new QLineEdit;
+    layout->addWidget(button);
+    layout->addWidget(entry);
+    QObject::connect(button, &QPushButton::clicked, [] { say("clicked"); });
+    QObject::connect(entry, &QLineEdit::returnPressed, [entry] {
+        say("text " + entry->text());
+        entry->clear();
+    });
+    window.move(640, 200);
+    window.show();
+    QTimer::singleShot(500, [&] {
+        sayCentre("button", button);
+        sayCentre("entry", entry);
+        say("ready");
+    });
+    return app.exec();
+}
