@@ -10,11 +10,13 @@
 
 namespace quorlin {
 
-// The picture a track entry owns: only the pixels it captured, column by column.
+// The picture a track entry owns: only the pixels it captured, column by column. It
+// always holds exactly the pixels its last indices name; an entry without a captured
+// picture holds the one black pixel the window's fixed stores always had.
 struct RowPicture {
     std::int32_t lastX = 0;
     std::int32_t lastY = 0;
-    std::vector<Colour> pixels;
+    std::vector<Colour> pixels = std::vector<Colour>(1, 0);
 
     static std::size_t countFor(std::int32_t lastX, std::int32_t lastY) {
         return lastX < 0 || lastY < 0 ? 0 : static_cast<std::size_t>(lastX + 1) * static_cast<std::size_t>(lastY + 1);

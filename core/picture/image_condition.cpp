@@ -10,14 +10,15 @@ bool ImageCondition::ImageConditionMet(const StepCondition& condition, const Ref
 }
 
 // The whole rectangle is read and compared, every time. Pixels beyond the picture
-// store cannot be equal to anything stored, so a larger rectangle always differs.
+// store cannot be equal to anything stored, so a larger rectangle differs unread:
+// its size, which may come from any file, never sizes a buffer.
 bool ImageCondition::screenDiffers(const ScreenRect& rect, const ReferencePicture& picture) {
-    const int width = rect.width();
-    const int height = rect.height();
+    if (rect.width() > kPictureSide || rect.height() > kPictureSide) return true;
+    const int width = static_cast<int>(rect.width());
+    const int height = static_cast<int>(rect.height());
     if (width == 0 || height == 0) return false;
     buffer_.resize(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
     screen_.readRect(rect, buffer_);
-    if (width > kPictureSide || height > kPictureSide) return true;
 
     bool differs = false;
     for (int dy = 0; dy < height; ++dy) {

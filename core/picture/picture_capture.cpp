@@ -51,8 +51,8 @@ void PictureCapture::cmdGetPic_Click() {
     picture.iBottomY = static_cast<std::int16_t>(rect->bottom);
 
     m_.pictureBox.clear();
-    const int columns = rect->width();
-    const int rows = rect->height();
+    const int columns = static_cast<int>(rect->width());
+    const int rows = static_cast<int>(rect->height());
     if (columns > 0 && rows > 0) store(*rect);
     // A reversed direction reads no column at all, and with no column no row either.
     picture.iPicMaxX = static_cast<std::int16_t>(columns - 1);
@@ -61,8 +61,8 @@ void PictureCapture::cmdGetPic_Click() {
 
 // One read of the whole rectangle, stored column by column and shown as far as the box reaches.
 void PictureCapture::store(const ScreenRect& rect) {
-    const int columns = rect.width();
-    const int rows = rect.height();
+    const int columns = static_cast<int>(rect.width());
+    const int rows = static_cast<int>(rect.height());
     buffer_.resize(static_cast<std::size_t>(columns) * static_cast<std::size_t>(rows));
     p_.screen.readRect(rect, buffer_);
     for (int dy = 0; dy < rows; ++dy) {

@@ -16,8 +16,9 @@ struct ScreenRect {
     std::int32_t right = 0;
     std::int32_t bottom = 0;
 
-    std::int32_t width() const { return right < left ? 0 : right - left + 1; }
-    std::int32_t height() const { return bottom < top ? 0 : bottom - top + 1; }
+    // In 64 bits: the extreme corners of 32-bit coordinates span more than 32 bits hold.
+    std::int64_t width() const { return right < left ? 0 : std::int64_t{right} - left + 1; }
+    std::int64_t height() const { return bottom < top ? 0 : std::int64_t{bottom} - top + 1; }
 };
 
 class ScreenReader {

@@ -8,12 +8,11 @@
 namespace quorlin {
 
 namespace {
-constexpr int kUnknown = 0;
-constexpr int kCrLf = 1;
-constexpr int kLf = 2;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 }  // namespace
 
-// Moves what is left to the front and reads more behind it; grows for very long lines.
+// Moves what is left to the front and reads more behind it; grows for long lines, but
+// never much beyond the longest line accepted.
 bool LineReader::fill() {
     if (eof_) return false;
     if (begin_ > 0) {
@@ -21,74 +20,91 @@ bool LineReader::fill() {
         end_ -= begin_;
         begin_ = 0;
     }
-    if (end_ == buffer_.size()) buffer_.resize(buffer_.size() * 2);
+    if (end_ == buffer_.size()) {
+        if (buffer_.size() > kLongestLine) return false;
+        buffer_.resize(std::min(buffer_.size() * 2, kLongestLine + kChunk));
+    }
     in_.read(buffer_.data() + end_, static_cast<std::streamsize>(buffer_.size() - end_));
     const auto got = static_cast<std::size_t>(in_.gcount());
     end_ += got;
-    if (got == 0) eof_ = true;
+    eof_ = got == 0;
+    if (!started_) {
+        started_ = true;
+        if (std::string_view(buffer_.data(), end_).starts_with(kByteOrderMark)) begin_ = kByteOrderMark.size();
+    }
     return got > 0;
 }
 
-// Where the line starting at `from` ends and where the next one begins, within the buffer.
-bool LineReader::findLineEnd(std::size_t from, std::size_t& end, std::size_t& next) const {
-    const char* data = buffer_.data();
-    for (std::size_t i = from; i < end_; ++i) {
-        const void* lf = std::memchr(data + i, '\n', end_ - i);
-        if (!lf) return false;
-        i = static_cast<std::size_t>(static_cast<const char*>(lf) - data);
-        if (mode_ == kCrLf && (i == begin_ || data[i - 1] != '\r')) continue;
-        end = mode_ == kCrLf ? i - 1 : i;
-        next = i + 1;
-        return true;
+bool LineReader::atEnd() { return tooLong_ || (begin_ == end_ && !fill()); }
+
+void LineReader::endLineAt(std::size_t lf, std::string_view& line) {
+    const bool crLf = lf > begin_ && buffer_[lf - 1] == '\r';
+    line = std::string_view(buffer_.data() + begin_, lf - begin_ - (crLf ? 1 : 0));
+    begin_ = lf + 1;
+    crLfLines_ = crLf;
+}
+
+// Whether a CR LF follows within the longest line from the current line's start;
+// `from` counts from that start.
+bool LineReader::crLfAhead(std::size_t from) {
+    for (;;) {
+        const char* start = buffer_.data() + begin_;
+        const std::size_t limit = std::min(end_ - begin_, kLongestLine + 1);
+        for (std::size_t at = from; at < limit; ++at) {
+            const void* lf = std::memchr(start + at, '\n', limit - at);
+            if (!lf) break;
+            at = static_cast<std::size_t>(static_cast<const char*>(lf) - start);
+            if (at > 0 && start[at - 1] == '\r') return true;
+        }
+        from = limit;
+        if (limit > kLongestLine || !fill()) return false;
     }
-    return false;
+}
+
+bool LineReader::take(std::string_view& line, bool text) {
+    if (atEnd()) return false;
+    std::size_t searched = 0;
+    for (;;) {
+        const char* start = buffer_.data() + begin_;
+        const std::size_t available = end_ - begin_;
+        const void* found = std::memchr(start + searched, '\n', available - searched);
+        if (found) {
+            const auto at = static_cast<std::size_t>(static_cast<const char*>(found) - start);
+            const bool crLf = at > 0 && start[at - 1] == '\r';
+            if (text && !crLf && crLfLines_ && crLfAhead(at + 1)) {
+                searched = at + 1;
+                continue;
+            }
+            if (at > kLongestLine) break;
+            endLineAt(begin_ + at, line);
+            return true;
+        }
+        searched = available;
+        if (available > kLongestLine || !fill()) break;
+    }
+    if (end_ - begin_ > kLongestLine || !eof_) {
+        tooLong_ = true;
+        return false;
+    }
+    // The last line of a file need not end with a line end.
+    line = std::string_view(buffer_.data() + begin_, end_ - begin_);
+    begin_ = end_;
+    return true;
 }
 
 std::optional<std::int32_t> LineReader::nextPlainInteger() {
-    if (mode_ == kUnknown || (end_ - begin_ < 16 && !eof_ && (fill(), end_ - begin_ < 16))) return std::nullopt;
+    if (tooLong_) return std::nullopt;
+    if (end_ - begin_ < 16) fill();
     // A plain integer line is at most 11 characters before its line end.
     const char* first = buffer_.data() + begin_;
-    const std::size_t window = std::min<std::size_t>(end_ - begin_, 13);
-    const char* lf = static_cast<const char*>(std::memchr(first, '\n', window));
+    const char* lf = static_cast<const char*>(std::memchr(first, '\n', std::min<std::size_t>(end_ - begin_, 13)));
     if (!lf) return std::nullopt;
-    const char* valueEnd = lf;
-    if (mode_ == kCrLf) {
-        if (valueEnd == first || valueEnd[-1] != '\r') return std::nullopt;
-        --valueEnd;
-    }
-    const auto value = parsePlainInteger(std::string_view(first, static_cast<std::size_t>(valueEnd - first)));
-    if (value) begin_ = static_cast<std::size_t>(lf + 1 - buffer_.data());
+    const bool crLf = lf > first && lf[-1] == '\r';
+    const auto value = parsePlainInteger(std::string_view(first, static_cast<std::size_t>(lf - first) - (crLf ? 1 : 0)));
+    if (!value) return std::nullopt;
+    begin_ = static_cast<std::size_t>(lf + 1 - buffer_.data());
+    crLfLines_ = crLf;
     return value;
-}
-
-bool LineReader::atEnd() { return begin_ == end_ && !fill(); }
-
-bool LineReader::next(std::string_view& line) {
-    if (atEnd()) return false;
-    std::size_t searchFrom = begin_;
-    for (;;) {
-        if (mode_ == kUnknown) {
-            const char* lf = static_cast<const char*>(std::memchr(buffer_.data() + begin_, '\n', end_ - begin_));
-            if (lf) mode_ = (lf > buffer_.data() + begin_ && lf[-1] == '\r') ? kCrLf : kLf;
-        }
-        std::size_t lineEnd = 0;
-        std::size_t nextLine = 0;
-        if (mode_ != kUnknown && findLineEnd(searchFrom, lineEnd, nextLine)) {
-            line = std::string_view(buffer_.data() + begin_, lineEnd - begin_);
-            begin_ = nextLine;
-            return true;
-        }
-        searchFrom = end_;
-        const std::size_t consumed = begin_;
-        if (!fill()) break;
-        searchFrom -= consumed;
-        if (searchFrom > begin_) --searchFrom;  // a CR may have ended the previous chunk
-    }
-    // The last line of a file need not end with a line end.
-    spanning_.assign(buffer_.data() + begin_, end_ - begin_);
-    begin_ = end_;
-    line = spanning_;
-    return true;
 }
 
 }  // namespace quorlin

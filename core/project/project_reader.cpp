@@ -27,10 +27,15 @@ std::optional<std::string_view> ProjectReader::line() {
 
 // A text value: Windows-1252 on disk; a lone LF inside it is a line break of the text.
 std::optional<std::string> ProjectReader::textLine() {
-    auto raw = line();
-    if (!raw) return std::nullopt;
-    std::string text = windows1252ToUtf8(*raw);
-    for (std::size_t at = text.find('\n'); at != std::string::npos; at = text.find('\n', at + 2)) text.insert(at, 1, '\r');
+    std::string_view raw;
+    if (!lines_.nextText(raw)) return std::nullopt;
+    const std::string utf8 = windows1252ToUtf8(raw);
+    std::string text;
+    text.reserve(utf8.size());
+    for (char c : utf8) {
+        if (c == '\n') text += '\r';
+        text += c;
+    }
     return text;
 }
 
