@@ -76,8 +76,8 @@ void PictureCapture::store(const ScreenRect& rect) {
 }
 
 void PictureCapture::drawPicture(int lastX, int lastY) {
-    const int width = std::min(lastX + 1, PictureBox::kWidth);
-    const int height = std::min(lastY + 1, PictureBox::kHeight);
+    const int width = std::min(lastX + 1, m_.pictureBox.width());
+    const int height = std::min(lastY + 1, m_.pictureBox.height());
     for (int dx = 0; dx < width; ++dx)
         for (int dy = 0; dy < height; ++dy) m_.pictureBox.setPixel(dx, dy, m_.picture.pixel(dx, dy));
 }
