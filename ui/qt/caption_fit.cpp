@@ -44,6 +44,19 @@ QRect buttonContents(const QAbstractButton* button, QStyle::SubElement element) 
     return button->style()->subElementRect(element, &option, button);
 }
 
+// A label may end under the field that follows it: the part left of that field.
+int uncoveredWidth(const QWidget* label) {
+    int width = label->contentsRect().right() + 1;
+    const QRect box = label->geometry();
+    const auto siblings = label->parentWidget()->children();
+    for (auto i = siblings.indexOf(label) + 1; i < siblings.size(); ++i) {
+        auto* sibling = qobject_cast<const QWidget*>(siblings[i]);
+        if (sibling && !sibling->isHidden() && sibling->x() > box.x() && sibling->geometry().intersects(box))
+            width = std::min(width, sibling->x() - box.x());
+    }
+    return width - label->contentsRect().left();
+}
+
 // The room a control leaves its caption inside its box.
 QSize captionRoom(const QWidget* control) {
     const int margin = std::max(1, control->fontMetrics().averageCharWidth() / 3);
@@ -54,8 +67,7 @@ QSize captionRoom(const QWidget* control) {
     if (auto* button = qobject_cast<const QPushButton*>(control))
         return buttonContents(button, QStyle::SE_PushButtonContents).size() - QSize(2 * margin, 0);
     if (auto* frame = dynamic_cast<const ClassicFrame*>(control)) return frame->titleRoom();
-    // A label may end under the field that follows it by a pixel or two.
-    return control->contentsRect().size() - QSize(2 * margin, 0);
+    return {uncoveredWidth(control), control->contentsRect().height()};
 }
 
 void setCaption(QWidget* control, const QString& text) {

@@ -21,7 +21,7 @@ QRect ClassicFrame::titleRect() const {
     return {titleInset(), 0, text.width(), text.height()};
 }
 
-QSize ClassicFrame::titleRoom() const { return {width() - 2 * titleInset(), fontMetrics().height()}; }
+QSize ClassicFrame::titleRoom() const { return {width() - 2 * titleInset(), fontMetrics().size(0, title()).height()}; }
 
 // An etched border, a dark line with a light one beside it, broken where the caption is.
 void ClassicFrame::paintEvent(QPaintEvent*) {

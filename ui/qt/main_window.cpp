@@ -48,6 +48,7 @@ void yellowOnRed(QWidget* option) {
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::Text, Qt::black);
     option->setPalette(palette);
+    option->setBackgroundRole(QPalette::Window);
     option->setAutoFillBackground(true);
 }
 
@@ -156,6 +157,8 @@ void MainWindow::applyScale(double dpi) {
     const WindowScale scale(dpi);
     applyStyle(scale);
     centralWidget()->setFont(scale.font(FontRole::Default));
+    menuBar()->setFont(scale.font(FontRole::Default));
+    for (QMenu* menu : menuBar()->findChildren<QMenu*>()) menu->setFont(scale.font(FontRole::Default));
     centralWidget()->setFixedSize(scale.pixels(kClientWidthTwips), scale.pixels(kClientHeightTwips));
     for (const ControlLayout& layout : windowLayout()) {
         QWidget* widget = widgetFor(layout.id);
