@@ -10,6 +10,7 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <QFileDialog>
 #include <QExposeEvent>
 #include <QMenu>
 #include <QToolButton>
@@ -40,6 +41,21 @@ TEST(MainWindowUi, ComesUpWithTheDefaults) {
     EXPECT_EQ(ui.window.grid()->horizontalHeaderItem(3)->text(), "Intr Type");
     EXPECT_EQ(ui.window.grid()->columnWidth(8), 60);
     EXPECT_EQ(ui.window.centralWidget()->size(), QSize(455, 623));
+
+    ui.frm.setText(Ctl::txtX, std::string(40000, '7'));
+    EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtX)->text().size(), 40000) << "one-line fields take any length";
+}
+
+TEST(QtDialogsUi, TheProjectDialogsOfferTheirFilterOnce) {
+    qt::QtDialogs dialogs;
+    QStringList filters;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        filters = dialog->nameFilters();
+        dialog->reject();
+    });
+    EXPECT_FALSE(dialogs.openFile({"Load Attachement", "Files (*.tpl)", "*.tpl", "tpl", ""}));
+    EXPECT_EQ(filters, QStringList{"Files (*.tpl)"});
 }
 
 TEST(MainWindowUi, OptionsSwitchTheirFieldsThroughTheCore) {
