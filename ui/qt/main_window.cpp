@@ -78,7 +78,7 @@ MainWindow::MainWindow(FrmMain& frm, std::optional<double> dpi) : frm_(frm) {
     for (const ControlLayout& layout : windowLayout()) controlChanged(layout.id);
     gridChanged();
     widgetFor(Ctl::txtX)->setFocus();
-    watchExposures(!dpi);
+    watchWindow(!dpi);
 }
 
 MainWindow::~MainWindow() { frm_.setObserver(nullptr); }
@@ -183,10 +183,9 @@ void MainWindow::applyStyle(const WindowScale& scale) {
 }
 
 void MainWindow::scalePictures(const WindowScale& scale) {
-    const double factor = scale.scaled(1000) / 1000.0;
-    static_cast<QLabel*>(widgetFor(Ctl::Picture1))->setPixmap(logoPixmap(factor));
+    static_cast<QLabel*>(widgetFor(Ctl::Picture1))->setPixmap(logoPixmap(scale.factor()));
     auto* help = static_cast<QPushButton*>(widgetFor(Ctl::cmdHelp));
-    help->setIcon(QIcon(helpPixmap(factor)));
+    help->setIcon(QIcon(helpPixmap(scale.factor())));
     help->setIconSize(QSize(scale.scaled(19), scale.scaled(20)));
     const QSize box = widgetFor(Ctl::picScreen)->size();
     frm_.model().pictureBox.setSize(box.width(), box.height());
@@ -194,7 +193,7 @@ void MainWindow::scalePictures(const WindowScale& scale) {
 
 // The window's paint reaction runs when the window itself must be drawn again (shown,
 // uncovered), not each time a control repaints: an erased picture box stays blank till then.
-void MainWindow::watchExposures(bool followScreen) {
+void MainWindow::watchWindow(bool followScreen) {
     winId();
     QWindow* window = windowHandle();
     window->installEventFilter(this);

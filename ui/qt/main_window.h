@@ -43,7 +43,7 @@ private:
     void applyScale(double dpi);
     void applyStyle(const WindowScale& scale);
     void scalePictures(const WindowScale& scale);
-    void watchExposures(bool followScreen);
+    void watchWindow(bool followScreen);
     void pressButton(Ctl id);
 
     FrmMain& frm_;

@@ -15,7 +15,9 @@ constexpr double kImplausibleDpi = 600;
 
 int WindowScale::pixels(int twips) const { return static_cast<int>(std::lround(twips * dpi_ / kTwipsPerInch)); }
 
-int WindowScale::scaled(int pixelsAt96) const { return static_cast<int>(std::lround(pixelsAt96 * dpi_ / kPlainDpi)); }
+double WindowScale::factor() const { return dpi_ / kPlainDpi; }
+
+int WindowScale::scaled(int pixelsAt96) const { return static_cast<int>(std::lround(pixelsAt96 * factor())); }
 
 QRect WindowScale::rect(const TwipsRect& r) const {
     const int left = pixels(r.left);

@@ -16,7 +16,8 @@ class WindowScale {
 public:
     explicit WindowScale(double dpi) : dpi_(dpi) {}
 
-    double dpi() const { return dpi_; }
+    // How much larger than at 96 DPI.
+    double factor() const;
     int pixels(int twips) const;
     // A length that is so many pixels at 96 DPI.
     int scaled(int pixelsAt96) const;
