@@ -64,6 +64,12 @@ void TrackEditor::fgResult_Click(int row, int col) {
     RowLoader(m_).loadCurrentRow();
 }
 
+void TrackEditor::fgResult_RowColChange(int row, int col) {
+    if (row < 1 || row >= m_.fgResult.rowCount()) return;
+    m_.fgResult.setRow(row);
+    m_.fgResult.setCol(col);
+}
+
 bool TrackEditor::SplitInterval() { return RowLoader(m_).SplitInterval(); }
 
 bool TrackEditor::countSelected() {

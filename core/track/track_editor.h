@@ -17,6 +17,8 @@ public:
     void cmdClearTrackList_Click();
     // A user's click on a cell; the clicked row becomes the current row first.
     void fgResult_Click(int row, int col);
+    // The grid moved its current cell by the keyboard or a drag: that row is selected, nothing loads.
+    void fgResult_RowColChange(int row, int col);
     bool SplitInterval();
 
 private:

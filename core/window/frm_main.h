@@ -63,6 +63,7 @@ public:
     void cmdRemove_Click() { editor_.cmdRemove_Click(); }
     void cmdClearTrackList_Click() { editor_.cmdClearTrackList_Click(); }
     void fgResult_Click(int row, int col) { editor_.fgResult_Click(row, col); }
+    void fgResult_RowColChange(int row, int col) { editor_.fgResult_RowColChange(row, col); }
 
     void cmdSave_Click() { project_.cmdSave_Click(); }
     void cmdLoad_Click() { project_.cmdLoad_Click(); }

@@ -10,47 +10,15 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <QFileDialog>
+#include <QExposeEvent>
+#include <QMenu>
+#include <QToolButton>
 
-#include "main_window.h"
-#include "qt_ports.h"
-#include "support/fake_platform.h"
+#include "ui_window.h"
 
 namespace quorlin::testing {
 namespace {
-
-// The real window, Qt timers and event pump over the in-memory desktop.
-struct UiWindow {
-    FakeDesktop desktop;
-    FakeScreen screen;
-    FakeDialogs dialogs;
-    ScriptedRandom random;
-    FrmMain* frmPointer = nullptr;
-    qt::QtTimers timers{[this](TimerId id) { frmPointer->timerTick(id); }};
-    qt::QtEventPump pump;
-    FrmMain frm{Ports{desktop, screen, timers, pump, dialogs, random}};
-    qt::MainWindow window{frm};
-
-    UiWindow() {
-        frmPointer = &frm;
-        frm.Form_Load(7);
-        window.show();
-    }
-    template <typename W>
-    W* get(Ctl id) {
-        return qobject_cast<W*>(window.widgetFor(id));
-    }
-    void click(Ctl id) { QTest::mouseClick(window.widgetFor(id), Qt::LeftButton, {}, QPoint(5, 5)); }
-    void typeInto(Ctl id, const QString& text) {
-        auto* edit = get<QLineEdit>(id);
-        edit->selectAll();
-        QTest::keyClicks(edit, text);
-    }
-    void waitUntil(const std::function<bool()>& done, int ms) {
-        QElapsedTimer clock;
-        clock.start();
-        while (!done() && clock.elapsed() < ms) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
-    }
-};
 
 TEST(MainWindowUi, ComesUpWithTheDefaults) {
     UiWindow ui;
@@ -69,10 +37,25 @@ TEST(MainWindowUi, ComesUpWithTheDefaults) {
     EXPECT_TRUE(ui.get<QLineEdit>(Ctl::txtX)->isEnabled());
     EXPECT_FALSE(ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible());
     EXPECT_TRUE(ui.get<QPushButton>(Ctl::cmdStart)->isVisible());
-    EXPECT_EQ(ui.window.grid()->rowCount(), 2);
-    EXPECT_EQ(ui.window.grid()->item(0, 3)->text(), "Intr Type");
+    EXPECT_EQ(ui.window.grid()->rowCount(), 1) << "the blank row below the fixed header";
+    EXPECT_EQ(ui.window.grid()->horizontalHeaderItem(3)->text(), "Intr Type");
     EXPECT_EQ(ui.window.grid()->columnWidth(8), 60);
     EXPECT_EQ(ui.window.centralWidget()->size(), QSize(455, 623));
+
+    ui.frm.setText(Ctl::txtX, std::string(40000, '7'));
+    EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtX)->text().size(), 40000) << "one-line fields take any length";
+}
+
+TEST(QtDialogsUi, TheProjectDialogsOfferTheirFilterOnce) {
+    qt::QtDialogs dialogs;
+    QStringList filters;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        filters = dialog->nameFilters();
+        dialog->reject();
+    });
+    EXPECT_FALSE(dialogs.openFile({"Load Attachement", "Files (*.tpl)", "*.tpl", "tpl", ""}));
+    EXPECT_EQ(filters, QStringList{"Files (*.tpl)"});
 }
 
 TEST(MainWindowUi, OptionsSwitchTheirFieldsThroughTheCore) {
@@ -147,35 +130,81 @@ TEST(MainWindowUi, HelpButtonShowsAndHidesBothTexts) {
     EXPECT_FALSE(ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible());
 }
 
-TEST(MainWindowUi, OnlyAUsersClickOnARowLoadsIt) {
-    UiWindow ui;
-    WindowModel& m = ui.frm.model();
-    m.fgResult.setRowCount(3);
-    m.setEntryCells(1, {"1", "11", "12", "Custom", "0:1:0", "Click", "1", "No", "", "No"});
-    m.setEntryCells(2, {"2", "21", "22", "Custom", "0:2:0", "Click", "1", "No", "", "No"});
-    m.vFirstRowUsed = true;
-    m.fgResult.setRow(2);
-    EXPECT_EQ(ui.window.grid()->currentRow(), 2);
-    EXPECT_EQ(ui.frm.form().text(Ctl::txtX), "") << "a program move of the current cell loads nothing";
-
-    QTableWidget* table = ui.window.grid();
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualItemRect(table->item(1, 2)).center());
-    EXPECT_EQ(m.fgResult.row(), 1);
-    EXPECT_EQ(ui.frm.form().text(Ctl::txtX), "11");
-    EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtY)->text(), "12");
-}
-
-TEST(MainWindowUi, ThePictureBoxShowsThePictureAgainAfterARepaint) {
+TEST(MainWindowUi, AnErasedPictureBoxStaysBlankUntilTheWindowIsExposed) {
     UiWindow ui;
     ReferencePicture& picture = ui.frm.model().picture;
     picture.iPicMaxX = 1;
     picture.iPicMaxY = 0;
     picture.pixel(0, 0) = 0x0000FF;  // red
     picture.pixel(1, 0) = 0xFF0000;  // blue
-    ui.frm.model().pictureBox.clear();
-    QImage shown = ui.window.widgetFor(Ctl::picScreen)->grab().toImage();
-    EXPECT_EQ(QColor(shown.pixel(0, 0)), QColor(255, 0, 0));
-    EXPECT_EQ(QColor(shown.pixel(1, 0)), QColor(0, 0, 255));
+    QWidget* box = ui.window.widgetFor(Ctl::picScreen);
+    auto shown = [&](int x) { return QColor(box->grab().toImage().pixel(x, 0)); };
+    auto expose = [&] {
+        QExposeEvent event(QRegion(ui.window.rect()));
+        QCoreApplication::sendEvent(ui.window.windowHandle(), &event);
+    };
+    const QColor blank = box->palette().color(QPalette::Window);
+
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&ui.window));
+    expose();
+    EXPECT_EQ(shown(0), QColor(255, 0, 0));
+    EXPECT_EQ(shown(1), QColor(0, 0, 255));
+
+    ui.typeInto(Ctl::txtX, "1");
+    ui.typeInto(Ctl::txtY, "1");
+    ui.click(Ctl::cmdAddtoList);
+    QTableWidget* table = ui.window.grid();
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualItemRect(table->item(0, 1)).center());
+    EXPECT_EQ(shown(0), blank) << "a row without an image erases the box";
+    box->repaint();
+    EXPECT_EQ(shown(0), blank) << "a repaint of the box alone draws nothing back";
+    expose();
+    EXPECT_EQ(shown(0), QColor(255, 0, 0));
+}
+
+TEST(MainWindowUi, CarriesItsOwn32PixelIcon) {
+    UiWindow ui;
+    EXPECT_TRUE(ui.window.windowIcon().availableSizes().contains(QSize(32, 32)));
+}
+
+TEST(MainWindowUi, TheKeyboardReachesEverything) {
+    UiWindow ui;
+    ui.window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ui.window));
+    EXPECT_EQ(QApplication::focusWidget(), ui.window.widgetFor(Ctl::txtX));
+
+    for (Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        const bool shown = ui.frm.form().visible(Ctl::txtComments);
+        ui.window.widgetFor(Ctl::cmdHelp)->setFocus();
+        QTest::keyClick(ui.window.widgetFor(Ctl::cmdHelp), enter);
+        EXPECT_NE(ui.frm.form().visible(Ctl::txtComments), shown) << enter;
+    }
+
+    QMenu* about = ui.window.findChild<QMenu*>("mnuAbout");
+    QTest::keyClick(&ui.window, Qt::Key_F10);
+    EXPECT_TRUE(about->isVisible());
+    about->close();
+
+    // Once round the tab order: every stop has a name, and no stop is a bare arrow button.
+    QWidget* start = ui.window.widgetFor(Ctl::txtX);
+    QWidget* stop = start;
+    int stops = 0;
+    do {
+        stop = stop->nextInFocusChain();
+        if (!(stop->focusPolicy() & Qt::TabFocus) || !stop->isVisible() || !stop->isEnabled()) continue;
+        ++stops;
+        EXPECT_FALSE(stop->accessibleName().isEmpty()) << stop->metaObject()->className();
+        EXPECT_EQ(qobject_cast<QToolButton*>(stop), nullptr) << stop->accessibleName().toStdString();
+    } while (stop != start);
+    EXPECT_GT(stops, 20);
+}
+
+TEST(MainWindowUi, EveryControlHasAnAccessibleName) {
+    UiWindow ui;
+    for (const ControlLayout& layout : windowLayout())
+        EXPECT_FALSE(ui.window.widgetFor(layout.id)->accessibleName().isEmpty()) << layout.name;
+    EXPECT_EQ(ui.window.widgetFor(Ctl::optImageNotInclude)->accessibleName(), "Click if screen picture is Not :");
+    EXPECT_EQ(ui.window.widgetFor(Ctl::cmdRemove)->accessibleName(), "Remove from track list");
 }
 
 }  // namespace

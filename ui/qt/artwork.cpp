@@ -4,6 +4,7 @@
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+#include <cmath>
 
 namespace quorlin::qt {
 
@@ -42,25 +43,27 @@ void drawLabel(QPainter& p, QRectF area, int pixelSize, QColor colour, const QSt
     p.drawText(area, Qt::AlignCenter, text);
 }
 
-QPixmap transparentPixmap(int width, int height) {
-    QPixmap pixmap(width, height);
+QPixmap transparentPixmap(int width, int height, double scale = 1) {
+    QPixmap pixmap(static_cast<int>(std::lround(width * scale)), static_cast<int>(std::lround(height * scale)));
     pixmap.fill(Qt::transparent);
     return pixmap;
 }
 
 }  // namespace
 
-QPixmap logoPixmap() {
-    QPixmap pixmap = transparentPixmap(108, 96);
+QPixmap logoPixmap(double scale) {
+    QPixmap pixmap = transparentPixmap(108, 96, scale);
     QPainter p(&pixmap);
+    p.scale(scale, scale);
     drawEmblem(p, QRectF(24, 4, 60, 60));
     drawLabel(p, QRectF(0, 66, 108, 26), 17, QColor(40, 40, 110), "Quorlin");
     return pixmap;
 }
 
-QPixmap helpPixmap() {
-    QPixmap pixmap = transparentPixmap(19, 20);
+QPixmap helpPixmap(double scale) {
+    QPixmap pixmap = transparentPixmap(19, 20, scale);
     QPainter p(&pixmap);
+    p.scale(scale, scale);
     p.setRenderHint(QPainter::Antialiasing);
     p.setPen(Qt::NoPen);
     p.setBrush(QColor(40, 90, 200));
@@ -69,7 +72,7 @@ QPixmap helpPixmap() {
     return pixmap;
 }
 
-QIcon windowIcon() { return QIcon(QPixmap::fromImage(iconImage(32))); }
+QIcon quorlinIcon() { return QIcon(QPixmap::fromImage(iconImage(32))); }
 
 // Drawn into an image, not a pixmap, so that a build step can draw it with no display.
 QImage iconImage(int size) {

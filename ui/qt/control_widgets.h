@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QWidget>
 #include <functional>
@@ -18,23 +19,36 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 };
 
-// Draws the picture box's content one picture pixel per device pixel. Before each paint
-// the window gets the chance to draw its picture again, as a covered window repaints.
+// A frame drawn the classic way: its border runs through the middle of the caption's
+// line, so the controls placed just below the caption stay clear of it.
+class ClassicFrame : public QGroupBox {
+public:
+    using QGroupBox::QGroupBox;
+    // Where the caption is written, and the room it may take.
+    QRect titleRect() const;
+    QSize titleRoom() const;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    int titleInset() const;
+};
+
+// Shows what is drawn in the picture box, one picture pixel per device pixel.
 class PictureBoxWidget : public QWidget {
 public:
     PictureBoxWidget(const PictureBox& box, QWidget* parent) : QWidget(parent), box_(box) {}
-    std::function<void()> beforePaint;
-    bool painting() const { return painting_; }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
     const PictureBox& box_;
-    bool painting_ = false;
 };
 
-// The up and down arrows of a spin button.
+// The up and down arrows of a spin button. They take no focus: the buddy field is
+// where the keyboard enters the number.
 class SpinArrows : public QWidget {
 public:
     SpinArrows(std::function<void(int)> onStep, QWidget* parent);

@@ -2,52 +2,31 @@
 
 #include <QCheckBox>
 #include <QCloseEvent>
-#include <QGroupBox>
-#include <QHeaderView>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScopedValueRollback>
-#include <QTableWidget>
+#include <QShortcut>
+#include <QWindow>
+#include <limits>
 
 #include "artwork.h"
+#include "caption_fit.h"
+#include "control_names.h"
 #include "control_widgets.h"
+#include "track_grid_view.h"
+#include "window_scale.h"
 
 namespace quorlin::qt {
 
 namespace {
 
-QRect pixels(const TwipsRect& r) {
-    return {r.left / kTwipsPerPixel, r.top / kTwipsPerPixel, r.width / kTwipsPerPixel, r.height / kTwipsPerPixel};
-}
-
-// The window's fonts, with the nearest installed families where the classic ones are missing.
-QFont fontFor(FontRole role) {
-    QFont font;
-    if (role == FontRole::BoldTahoma) font.setFamilies({"Tahoma", "Liberation Sans", "DejaVu Sans"});
-    else font.setFamilies({"MS Sans Serif", "Microsoft Sans Serif", "Liberation Sans", "DejaVu Sans"});
-    font.setPointSizeF(8.25);
-    font.setBold(role != FontRole::Default);
-    return font;
-}
-
 const QColor kLightYellow(255, 255, 192);
 
 QString toQt(const std::string& text) { return QString::fromStdString(text).replace("\r\n", "\n"); }
 std::string fromQt(const QString& text) { return QString(text).replace("\n", "\r\n").toStdString(); }
-
-// A caption wider than its button goes on two lines, as the classic buttons wrap theirs.
-void wrapCaption(QPushButton* button) {
-    const QString caption = button->text();
-    if (button->fontMetrics().horizontalAdvance(caption) <= button->width() - 6) return;
-    const int middle = static_cast<int>(caption.size()) / 2;
-    int split = static_cast<int>(caption.lastIndexOf(' ', middle));
-    if (split < 0) split = static_cast<int>(caption.indexOf(' ', middle));
-    if (split > 0) button->setText(caption.left(split) + "\n" + caption.mid(split + 1));
-}
 
 // The help texts are made to fit their boxes line for line, so that nothing scrolls away.
 void helpText(QPlainTextEdit* edit) {
@@ -56,22 +35,32 @@ void helpText(QPlainTextEdit* edit) {
     edit->setLineWrapMode(QPlainTextEdit::NoWrap);
     edit->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     edit->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    QFont font = edit->font();
-    font.setPixelSize(10);
-    edit->setFont(font);
+}
+
+constexpr int kHelpTextPixels = 10;
+
+// Yellow on red as the window shows these two options, with the selected circle dark on
+// white so that it reads at a glance.
+void yellowOnRed(QWidget* option) {
+    QPalette palette = option->palette();
+    palette.setColor(QPalette::Window, QColor(255, 0, 0));
+    palette.setColor(QPalette::WindowText, kLightYellow);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    option->setPalette(palette);
+    option->setBackgroundRole(QPalette::Window);
+    option->setAutoFillBackground(true);
 }
 
 bool isReadout(Ctl id) { return id == Ctl::lblXPos || id == Ctl::lblYPos; }
 
 }  // namespace
 
-MainWindow::MainWindow(FrmMain& frm) : frm_(frm) {
+MainWindow::MainWindow(FrmMain& frm, std::optional<double> dpi) : frm_(frm) {
     setWindowTitle(kWindowTitle);
-    setWindowIcon(windowIcon());
+    setWindowIcon(quorlinIcon());
     buildMenu();
     auto* client = new QWidget(this);
-    client->setFont(fontFor(FontRole::Default));
-    client->setFixedSize(kClientWidthTwips / kTwipsPerPixel, kClientHeightTwips / kTwipsPerPixel);
     setCentralWidget(client);
 
     for (const ControlLayout& layout : windowLayout()) {
@@ -79,32 +68,36 @@ MainWindow::MainWindow(FrmMain& frm) : frm_(frm) {
         QWidget* widget = createControl(layout, parent);
         widgets_[indexOf(layout.id)] = widget;
         widget->setObjectName(layout.name);
-        widget->setGeometry(pixels(layout.rect));
+        widget->setAccessibleName(accessibleNameOf(layout));
         applyLook(layout, widget);
         connectControl(layout, widget);
     }
     for (Ctl above : {Ctl::chkRecImage, Ctl::txtComments, Ctl::txtComm2}) widgetFor(above)->raise();
     frm_.setObserver(this);
+    applyScale(dpi.value_or(screenDpi(screen())));
     for (const ControlLayout& layout : windowLayout()) controlChanged(layout.id);
     gridChanged();
-    setFixedSize(sizeHint());
+    widgetFor(Ctl::txtX)->setFocus();
+    watchWindow(!dpi);
 }
 
 MainWindow::~MainWindow() { frm_.setObserver(nullptr); }
 
-QTableWidget* MainWindow::grid() const { return static_cast<QTableWidget*>(widgetFor(Ctl::fgResult)); }
+TrackGridView* MainWindow::grid() const { return static_cast<TrackGridView*>(widgetFor(Ctl::fgResult)); }
 
 void MainWindow::buildMenu() {
     QMenu* about = menuBar()->addMenu("About");
     about->setObjectName("mnuAbout");
     about->addAction("Go To Website", [this] { frm_.mnuGoToWebsite_Click(); })->setObjectName("mnuGoToWebsite");
     about->addAction("Send Feedback", [this] { frm_.mnuFeedback_Click(); })->setObjectName("mnuFeedback");
+    auto* f10 = new QShortcut(QKeySequence(Qt::Key_F10), this);
+    connect(f10, &QShortcut::activated, this, [this, about] { menuBar()->setActiveAction(about->menuAction()); });
 }
 
 QWidget* MainWindow::createControl(const ControlLayout& layout, QWidget* parent) {
     const QString caption = layout.caption;
     switch (layout.kind) {
-        case ControlKind::Frame: return new QGroupBox(caption, parent);
+        case ControlKind::Frame: return new ClassicFrame(caption, parent);
         case ControlKind::Option: {
             auto* option = new QRadioButton(caption, parent);
             option->setAutoExclusive(false);
@@ -112,12 +105,20 @@ QWidget* MainWindow::createControl(const ControlLayout& layout, QWidget* parent)
             return option;
         }
         case ControlKind::CheckBox: return new QCheckBox(caption, parent);
-        case ControlKind::TextField: return new QLineEdit(parent);
+        case ControlKind::TextField: {
+            auto* field = new QLineEdit(parent);
+            field->setMaxLength(std::numeric_limits<int>::max());
+            return field;
+        }
         case ControlKind::MultiLineText: return new QPlainTextEdit(parent);
         case ControlKind::Label: return new QLabel(caption, parent);
-        case ControlKind::Button: return new QPushButton(caption, parent);
+        case ControlKind::Button: {
+            auto* button = new QPushButton(caption, parent);
+            button->setAutoDefault(true);  // Enter presses the focused button, as Space does
+            return button;
+        }
         case ControlKind::PictureBox: return createPictureBox(layout, parent);
-        case ControlKind::Grid: return new QTableWidget(parent);
+        case ControlKind::Grid: return new TrackGridView(parent);
         case ControlKind::SpinButton:
             return new SpinArrows([this, id = layout.id](int direction) { frm_.spinButton(id, direction); }, parent);
     }
@@ -127,47 +128,77 @@ QWidget* MainWindow::createControl(const ControlLayout& layout, QWidget* parent)
 QWidget* MainWindow::createPictureBox(const ControlLayout& layout, QWidget* parent) {
     if (layout.id == Ctl::Picture1) {
         auto* logo = new ClickableLabel(parent);
-        logo->setPixmap(logoPixmap());
         logo->setAlignment(Qt::AlignCenter);
         logo->setCursor(Qt::PointingHandCursor);
         logo->onClick = [this] { frm_.Picture1_Click(); };
         return logo;
     }
-    auto* box = new PictureBoxWidget(frm_.model().pictureBox, parent);
-    box->beforePaint = [this] { frm_.Form_Paint(); };
-    return box;
+    return new PictureBoxWidget(frm_.model().pictureBox, parent);
 }
 
 void MainWindow::applyLook(const ControlLayout& layout, QWidget* widget) {
-    if (layout.font != FontRole::Default) widget->setFont(fontFor(layout.font));
-    QPalette palette = widget->palette();
     switch (layout.colours) {
-        case ColourRole::YellowOnRed:
-            widget->setStyleSheet("QRadioButton { background-color: rgb(255, 0, 0); color: rgb(255, 255, 192); }");
-            break;
-        case ColourRole::YellowBackground:
+        case ColourRole::YellowOnRed: yellowOnRed(widget); break;
+        case ColourRole::YellowBackground: {
+            QPalette palette = widget->palette();
             palette.setColor(QPalette::Base, kLightYellow);
+            widget->setPalette(palette);
             helpText(static_cast<QPlainTextEdit*>(widget));
             break;
+        }
         case ColourRole::WindowBackground:
         case ColourRole::Platform: break;
     }
-    widget->setPalette(palette);
-    if (auto* button = qobject_cast<QPushButton*>(widget)) wrapCaption(button);
-    if (layout.id == Ctl::cmdHelp) {
-        auto* help = static_cast<QPushButton*>(widget);
-        help->setIcon(QIcon(helpPixmap()));
-        help->setIconSize(QSize(19, 20));
+}
+
+// Everything that depends on the density is set here, so that the window can be drawn again
+// at another one as a whole.
+void MainWindow::applyScale(double dpi) {
+    const WindowScale scale(dpi);
+    applyStyle(scale);
+    centralWidget()->setFont(scale.font(FontRole::Default));
+    menuBar()->setFont(scale.font(FontRole::Default));
+    for (QMenu* menu : menuBar()->findChildren<QMenu*>()) menu->setFont(scale.font(FontRole::Default));
+    centralWidget()->setFixedSize(scale.pixels(kClientWidthTwips), scale.pixels(kClientHeightTwips));
+    for (const ControlLayout& layout : windowLayout()) {
+        QWidget* widget = widgetFor(layout.id);
+        widget->setGeometry(scale.rect(layout.rect));
+        QFont font = scale.font(layout.font);
+        if (layout.colours == ColourRole::YellowBackground) font.setPixelSize(scale.scaled(kHelpTextPixels));
+        widget->setFont(font);
     }
-    if (layout.id == Ctl::fgResult) {
-        auto* table = static_cast<QTableWidget*>(widget);
-        table->setColumnCount(kGridColumns);
-        table->horizontalHeader()->hide();
-        table->verticalHeader()->hide();
-        table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-        table->setSelectionMode(QAbstractItemView::SingleSelection);
-        table->verticalHeader()->setDefaultSectionSize(17);
-    }
+    for (const ControlLayout& layout : windowLayout())
+        if (*layout.caption) showFittedCaption(widgetFor(layout.id), layout.caption);
+    grid()->applyScale(scale, frm_.model().fgResult);
+    scalePictures(scale);
+    setFixedSize(sizeHint());
+}
+
+void MainWindow::applyStyle(const WindowScale& scale) {
+    QPointer<QStyle> previous = style_;
+    style_ = new WindowStyle(scale);
+    style_->setParent(this);
+    for (QWidget* widget : centralWidget()->findChildren<QWidget*>()) widget->setStyle(style_);
+    delete previous;
+}
+
+void MainWindow::scalePictures(const WindowScale& scale) {
+    static_cast<QLabel*>(widgetFor(Ctl::Picture1))->setPixmap(logoPixmap(scale.factor()));
+    auto* help = static_cast<QPushButton*>(widgetFor(Ctl::cmdHelp));
+    help->setIcon(QIcon(helpPixmap(scale.factor())));
+    help->setIconSize(QSize(scale.scaled(19), scale.scaled(20)));
+    const QSize box = widgetFor(Ctl::picScreen)->size();
+    frm_.model().pictureBox.setSize(box.width(), box.height());
+}
+
+// The window's paint reaction runs when the window itself must be drawn again (shown,
+// uncovered), not each time a control repaints: an erased picture box stays blank till then.
+void MainWindow::watchWindow(bool followScreen) {
+    winId();
+    QWindow* window = windowHandle();
+    window->installEventFilter(this);
+    if (followScreen)
+        connect(window, &QWindow::screenChanged, this, [this](QScreen* screen) { applyScale(screenDpi(screen)); });
 }
 
 void MainWindow::connectControl(const ControlLayout& layout, QWidget* widget) {
@@ -198,13 +229,12 @@ void MainWindow::connectControl(const ControlLayout& layout, QWidget* widget) {
         case ControlKind::Button:
             connect(static_cast<QPushButton*>(widget), &QPushButton::clicked, this, [this, id] { pressButton(id); });
             break;
-        case ControlKind::Grid:
-            // Only the user's click loads a row; the header row loads nothing.
-            connect(static_cast<QTableWidget*>(widget), &QTableWidget::cellClicked, this, [this](int row, int col) {
-                if (row >= 1) frm_.fgResult_Click(row, col);
-                else showGridCell(frm_.model().fgResult.row(), frm_.model().fgResult.col());
-            });
+        case ControlKind::Grid: {
+            auto* table = static_cast<TrackGridView*>(widget);
+            table->onClick = [this](int row, int col) { frm_.fgResult_Click(row, col); };
+            table->onCurrentMoved = [this](int row, int col) { frm_.fgResult_RowColChange(row, col); };
             break;
+        }
         default: break;
     }
 }
@@ -226,6 +256,8 @@ void MainWindow::pressButton(Ctl id) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Expose && watched == windowHandle() && windowHandle()->isExposed())
+        frm_.Form_Paint();
     if (event->type() == QEvent::MouseButtonDblClick) {
         for (const ControlLayout& layout : windowLayout())
             if (widgetFor(layout.id) == watched) frm_.optionDoubleClicked(layout.id);
@@ -253,41 +285,9 @@ void MainWindow::controlChanged(Ctl id) {
     }
 }
 
-void MainWindow::gridChanged() {
-    QScopedValueRollback guard(syncing_, true);
-    const TrackGrid& model = frm_.model().fgResult;
-    QTableWidget* table = grid();
-    table->setRowCount(model.rowCount());
-    QFont headerFont = table->font();
-    headerFont.setBold(true);
-    for (int c = 0; c < kGridColumns; ++c) table->setColumnWidth(c, model.colWidth(c) / kTwipsPerPixel);
-    for (int r = 0; r < model.rowCount(); ++r) {
-        for (int c = 0; c < kGridColumns; ++c) {
-            QTableWidgetItem* item = table->item(r, c);
-            if (!item) {
-                item = new QTableWidgetItem;
-                table->setItem(r, c, item);
-            }
-            item->setText(toQt(model.cell(r, c)));
-            if (r == 0) {
-                item->setFont(headerFont);
-                item->setBackground(table->palette().color(QPalette::Button));
-            }
-        }
-    }
-    showGridCell(model.row(), model.col());
-}
+void MainWindow::gridChanged() { grid()->showGrid(frm_.model().fgResult); }
 
-void MainWindow::showGridCell(int row, int col) {
-    QTableWidget* table = grid();
-    const QSignalBlocker blocker(table);
-    if (row >= 0 && row < table->rowCount()) table->setCurrentCell(row, col);
-}
-
-void MainWindow::pictureBoxChanged() {
-    auto* box = static_cast<PictureBoxWidget*>(widgetFor(Ctl::picScreen));
-    if (box && !box->painting()) box->update();
-}
+void MainWindow::pictureBoxChanged() { widgetFor(Ctl::picScreen)->update(); }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     frm_.Form_Unload();

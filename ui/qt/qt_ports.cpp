@@ -42,8 +42,11 @@ void QtDialogs::messageBox(const std::string& text) {
 }
 
 namespace {
+// The description names its pattern already ("Files (*.tpl)"); Qt reads the pattern from it.
 QString filterOf(const FileDialogSettings& s) {
-    return QString::fromStdString(s.filterDescription + " (" + s.filterPattern + ")");
+    const std::string shown = "(" + s.filterPattern + ")";
+    if (s.filterDescription.find(shown) != std::string::npos) return QString::fromStdString(s.filterDescription);
+    return QString::fromStdString(s.filterDescription + " " + shown);
 }
 
 std::optional<std::string> chosen(QFileDialog& dialog) {
