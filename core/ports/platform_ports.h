@@ -2,6 +2,7 @@
 
 #include "ports/desktop.h"
 #include "ports/dialogs.h"
+#include "ports/durable_files.h"
 #include "ports/event_pump.h"
 #include "ports/random_source.h"
 #include "ports/screen_reader.h"
@@ -17,6 +18,8 @@ struct Ports {
     EventPump& pump;
     Dialogs& dialogs;
     RandomSource& random;
+    // Without it a save still replaces the file whole, but does not wait for the disk.
+    DurableFiles* files = nullptr;
 };
 
 }  // namespace quorlin

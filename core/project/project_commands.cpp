@@ -20,7 +20,7 @@ void ProjectCommands::cmdSave_Click() {
     auto path = p_.dialogs.saveFile(projectDialog(m_.projectFileName));
     if (!path) return;
     m_.projectFileName = *path;
-    writeFileAtomically(*path, [this](std::ostream& out) { return ProjectWriter(out).write(m_); });
+    writeFileAtomically(*path, [this](std::ostream& out) { return ProjectWriter(out).write(m_); }, p_.files);
 }
 
 // The list and the picture box are emptied before the dialog opens, as the window always did.

@@ -4,7 +4,6 @@
 #include <fstream>
 #include <sstream>
 
-#include "project/atomic_file.h"
 #include "support/test_window.h"
 
 namespace quorlin::testing {
@@ -263,25 +262,6 @@ TEST_F(ProjectFile, CancelOrAMissingFileEmptiesTheListTheBoxAndTheEntriesStores)
     w.frm.cmdLoad_Click();
     EXPECT_FALSE(m.vFirstRowUsed);
     EXPECT_EQ(w.text(C::txtX), "8");
-}
-
-TEST_F(ProjectFile, AFailedSaveLeavesTheFormerFileByteForByte) {
-    std::ofstream(file, std::ios::binary) << "former\r\ncontent\r\n";
-    const bool saved = writeFileAtomically(file, [](std::ostream& out) {
-        out << "half a file";
-        out.setstate(std::ios::badbit);
-        return false;
-    });
-    EXPECT_FALSE(saved);
-    EXPECT_EQ(this->saved(), "former\r\ncontent\r\n");
-    EXPECT_EQ(std::distance(fs::directory_iterator(dir), fs::directory_iterator()), 1) << "no temporary is left";
-}
-
-TEST_F(ProjectFile, SavingIntoAMissingFolderChangesNothing) {
-    w.dialogs.answers.push((dir / "no-such-folder" / "x.tpl").string());
-    w.frm.cmdSave_Click();
-    EXPECT_FALSE(fs::exists(dir / "no-such-folder"));
-    EXPECT_TRUE(w.dialogs.messages.empty());
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "command_line.h"
 #include "file_argument_dialogs.h"
 #include "main_window.h"
+#include "posix/posix_durable_files.h"
 #include "qt_ports.h"
 #include "run/seeded_random.h"
 #include "x11/x11_connection.h"
@@ -71,7 +72,8 @@ int main(int argc, char** argv) {
         quorlin::qt::QtDialogs userDialogs;
         quorlin::qt::FileArgumentDialogs dialogs(userDialogs, commandLine.projectPath);
         quorlin::SeededRandom random;
-        quorlin::FrmMain frm({desktop, screen, timers, pump, dialogs, random}, quorlin::qt::systemNumberLocale());
+        quorlin::posix::PosixDurableFiles files;
+        quorlin::FrmMain frm({desktop, screen, timers, pump, dialogs, random, &files}, quorlin::qt::systemNumberLocale());
         frmPointer = &frm;
 
         quorlin::qt::MainWindow window(frm);
