@@ -13,6 +13,12 @@ namespace quorlin {
 using C = Ctl;
 
 bool ProjectReader::read() {
+    const bool whole = readAll();
+    applyOverlays();
+    return whole;
+}
+
+bool ProjectReader::readAll() {
     if (!imageSettings() || !runSettings()) return false;
     while (!lines_.atEnd())
         if (!record()) return false;
@@ -218,21 +224,22 @@ bool ProjectReader::readPixels(RowPicture& picture, std::int32_t lastX, std::int
     return true;
 }
 
-// The pixels of a row picture, as far as they were read, also become the window's
-// current picture. Copied a band of columns at a time: the row picture runs column by
-// column, the window's picture row by row.
-void ProjectReader::overlay(const RowPicture& picture) {
-    if (pixelsRead_ == 0) return;
-    const auto height = static_cast<std::size_t>(picture.lastY) + 1;
-    const auto columns = static_cast<int>((pixelsRead_ + height - 1) / height);
-    constexpr int kBand = 16;
-    for (int band = 0; band < columns; band += kBand) {
-        const int bandEnd = std::min(band + kBand, columns);
-        for (std::size_t y = 0; y < height; ++y)
-            for (int x = band; x < bandEnd; ++x)
-                if (static_cast<std::size_t>(x) * height + y < pixelsRead_)
-                    m_.picture.pixel(x, static_cast<int>(y)) = picture.at(x, static_cast<int>(y));
+// The row pictures, as far as they were read, lie over the window's current picture in
+// file order. They are laid from the last one back: in every column each covers a top
+// part, so a pixel that a later picture covers is never written twice.
+void ProjectReader::applyOverlays() {
+    std::vector<int> covered(kPictureSide, 0);
+    for (auto overlay = overlays_.rbegin(); overlay != overlays_.rend(); ++overlay) {
+        const RowPicture& picture = m_.rows.lRowPixels[static_cast<std::size_t>(overlay->row)];
+        const std::size_t height = overlay->height;
+        for (int x = 0; x < kPictureSide && static_cast<std::size_t>(x) * height < overlay->pixels; ++x) {
+            const auto rows = static_cast<int>(std::min(height, overlay->pixels - static_cast<std::size_t>(x) * height));
+            auto& done = covered[static_cast<std::size_t>(x)];
+            for (int y = done; y < rows; ++y) m_.picture.pixel(x, y) = picture.at(x, y);
+            done = std::max(done, rows);
+        }
     }
+    overlays_.clear();
 }
 
 // A size beyond the store ends the load at its first pixel past index 1000; the row
@@ -244,7 +251,7 @@ bool ProjectReader::rowPicture(int r) {
     RowPicture& picture = m_.rows.lRowPixels[static_cast<std::size_t>(r)];
     picture.resize(std::min(*lastX, kPictureSide - 1), std::min(*lastY, kPictureSide - 1));
     const bool complete = readPixels(picture, *lastX, *lastY);
-    overlay(picture);
+    if (pixelsRead_ > 0) overlays_.push_back({r, static_cast<std::size_t>(picture.lastY) + 1, pixelsRead_});
     if (!complete) return false;
     auto include = includeLine();
     if (!include) return false;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "project/line_reader.h"
 #include "track/track_list.h"
@@ -29,7 +30,8 @@ private:
     bool record();
     bool rowPicture(int r);
     bool readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY);
-    void overlay(const RowPicture& picture);
+    bool readAll();
+    void applyOverlays();
 
     std::optional<std::string_view> line();
     std::optional<std::string> textLine();
@@ -46,6 +48,13 @@ private:
     WindowModel& m_;
     TrackList& list_;
     std::size_t pixelsRead_ = 0;
+    // Row pictures in file order, laid over the window's picture once the reading ends.
+    struct Overlay {
+        int row;
+        std::size_t height;
+        std::size_t pixels;
+    };
+    std::vector<Overlay> overlays_;
 };
 
 }  // namespace quorlin

@@ -31,7 +31,7 @@ bool ProjectWriter::picture(const ReferencePicture& picture) {
             if (!ReferencePicture::inStore(x, y)) return false;
             integer(picture.pixel(x, y));
         }
-        if (buffer_.size() >= kFlushAt && !flush()) return false;
+        if (used_ >= kFlushAt && !flush()) return false;
     }
     return true;
 }
@@ -74,7 +74,7 @@ bool ProjectWriter::rowPicture(const RowStores& rows, int r) {
             if (!ReferencePicture::inStore(x, y)) return false;
             integer(picture.at(x, y));
         }
-        if (buffer_.size() >= kFlushAt && !flush()) return false;
+        if (used_ >= kFlushAt && !flush()) return false;
     }
     integer(rows.lRowInclude[static_cast<std::size_t>(r)]);
     for (std::int32_t corner : rows.lRowRect[static_cast<std::size_t>(r)]) integer(corner);
@@ -88,20 +88,30 @@ void ProjectWriter::text(std::string_view value) {
     line(bytes);
 }
 
+// Pixels make up nearly all of a large file: their digits go straight into the buffer.
 void ProjectWriter::integer(long long value) {
-    char digits[24];
-    auto [end, error] = std::to_chars(digits, digits + sizeof digits, value);
-    line(std::string_view(digits, static_cast<std::size_t>(end - digits)));
+    if (used_ + kLongestNumberLine > buffer_.size()) flush();
+    char* at = buffer_.data() + used_;
+    at = std::to_chars(at, at + kLongestNumberLine - 2, value).ptr;
+    *at++ = '\r';
+    *at++ = '\n';
+    used_ = static_cast<std::size_t>(at - buffer_.data());
 }
 
 void ProjectWriter::line(std::string_view bytes) {
-    buffer_.append(bytes);
-    buffer_.append("\r\n");
+    if (used_ + bytes.size() + 2 > buffer_.size()) {
+        flush();
+        if (bytes.size() + 2 > buffer_.size()) buffer_.resize(bytes.size() + 2);
+    }
+    std::copy(bytes.begin(), bytes.end(), buffer_.data() + used_);
+    used_ += bytes.size();
+    buffer_[used_++] = '\r';
+    buffer_[used_++] = '\n';
 }
 
 bool ProjectWriter::flush() {
-    out_.write(buffer_.data(), static_cast<std::streamsize>(buffer_.size()));
-    buffer_.clear();
+    out_.write(buffer_.data(), static_cast<std::streamsize>(used_));
+    used_ = 0;
     return static_cast<bool>(out_);
 }
 

@@ -3,6 +3,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/window_model.h"
 
@@ -13,7 +14,7 @@ namespace quorlin {
 // lone LF, so that a reader splitting lines at CR LF still takes the text as one value.
 class ProjectWriter {
 public:
-    explicit ProjectWriter(std::ostream& out) : out_(out) { buffer_.reserve(kFlushAt + 64); }
+    explicit ProjectWriter(std::ostream& out) : out_(out), buffer_(kFlushAt + kLongestNumberLine) {}
 
     // False when the stream failed or a stored index lies beyond the stores.
     // Moves the grid's current cell to column 9 of the last data row, as it writes.
@@ -21,6 +22,7 @@ public:
 
 private:
     static constexpr std::size_t kFlushAt = 1 << 20;
+    static constexpr std::size_t kLongestNumberLine = 32;
 
     bool imageSettings(const WindowModel& m);
     bool picture(const ReferencePicture& picture);
@@ -36,7 +38,8 @@ private:
     bool flush();
 
     std::ostream& out_;
-    std::string buffer_;
+    std::vector<char> buffer_;
+    std::size_t used_ = 0;
 };
 
 }  // namespace quorlin

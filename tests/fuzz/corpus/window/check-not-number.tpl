@@ -1,0 +1,7 @@
+True
+False
+
+
+
+
+x
