@@ -23,13 +23,14 @@ unsigned int buttonMask(unsigned int button) { return Button1Mask << (button - 1
 CoreRoute::CoreRoute(Display* display, ServerClock& clock, WindowChain chain)
     : d_(display), clock_(clock), chain_(std::move(chain)) {}
 
-void CoreRoute::press(unsigned int button, int rootX, int rootY) {
-    this->button(ButtonPress, button, buttonsDown_, rootX, rootY);
+// A real device's press that comes later carries a later stamp: the wait is in the stamp.
+void CoreRoute::press(unsigned int button, int rootX, int rootY, std::chrono::milliseconds wait) {
+    this->button(ButtonPress, button, buttonsDown_, rootX, rootY, clock_.now(wait));
     buttonsDown_ |= buttonMask(button);
 }
 
 void CoreRoute::release(unsigned int button, int rootX, int rootY) {
-    this->button(ButtonRelease, button, buttonsDown_ | buttonMask(button), rootX, rootY);
+    this->button(ButtonRelease, button, buttonsDown_ | buttonMask(button), rootX, rootY, clock_.now());
     buttonsDown_ &= ~buttonMask(button);
 }
 
@@ -46,14 +47,14 @@ void CoreRoute::end() {
     inside_ = focused_ = false;
 }
 
-void CoreRoute::button(int type, unsigned int button, unsigned int state, int rootX, int rootY) {
+void CoreRoute::button(int type, unsigned int button, unsigned int state, int rootX, int rootY, Time time) {
     rootX_ = rootX;
     rootY_ = rootY;
     if (!inside_) cross(EnterNotify);
     inside_ = true;
     const auto at = chain_.deliveryFor(maskOf(type));
     if (!at) return;
-    XEvent event = pointerEvent(type, *at, clock_.now());
+    XEvent event = pointerEvent(type, *at, time);
     event.xbutton.state = state;
     event.xbutton.button = button;
     XSendEvent(d_, event.xany.window, False, maskOf(type), &event);
