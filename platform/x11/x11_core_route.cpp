@@ -1,5 +1,7 @@
 #include "x11/x11_core_route.h"
 
+#include "x11/x11_sent_focus.h"
+
 namespace quorlin::x11 {
 
 namespace {
@@ -35,7 +37,7 @@ void CoreRoute::release(unsigned int button, int rootX, int rootY) {
 }
 
 void CoreRoute::type(const KeyStroke& stroke) {
-    if (!focused_) focus(FocusIn);
+    if (!focused_) sendFocusChange(d_, chain_.topLevel().window, FocusIn);
     focused_ = true;
     key(KeyPress, stroke);
     key(KeyRelease, stroke);
@@ -43,7 +45,7 @@ void CoreRoute::type(const KeyStroke& stroke) {
 
 void CoreRoute::end() {
     if (inside_) cross(LeaveNotify);
-    if (focused_) focus(FocusOut);
+    if (focused_) sendFocusChange(d_, chain_.topLevel().window, FocusOut);
     inside_ = focused_ = false;
 }
 
@@ -88,16 +90,6 @@ void CoreRoute::cross(int type) {
     }
 }
 
-void CoreRoute::focus(int type) {
-    XEvent event{};
-    XFocusChangeEvent& f = event.xfocus;
-    f.type = type;
-    f.display = d_;
-    f.window = chain_.topLevel().window;
-    f.mode = NotifyNormal;
-    f.detail = NotifyNonlinear;
-    XSendEvent(d_, f.window, False, FocusChangeMask, &event);
-}
 
 // Button, key and crossing events share these fields and their layout, same_screen included.
 XEvent CoreRoute::pointerEvent(int type, std::size_t at, Time time) const {

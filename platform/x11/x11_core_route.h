@@ -25,7 +25,6 @@ private:
     void button(int type, unsigned int button, unsigned int state, int rootX, int rootY, Time time);
     void key(int type, const KeyStroke& stroke);
     void cross(int type);
-    void focus(int type);
     XEvent pointerEvent(int type, std::size_t at, Time time) const;
 
     Display* d_;

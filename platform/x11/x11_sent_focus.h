@@ -1,0 +1,14 @@
+#pragma once
+
+#include <X11/Xlib.h>
+
+namespace quorlin::x11 {
+
+// Tells a top level, by a sent event, that the keyboard focus came (FocusIn) or went
+// (FocusOut), as on a real focus change from another top level; the real focus stays.
+void sendFocusChange(Display* display, Window topLevel, int type);
+
+// Whether the real keyboard focus lies on the window or inside it.
+bool holdsRealFocus(Display* display, Window topLevel);
+
+}  // namespace quorlin::x11
