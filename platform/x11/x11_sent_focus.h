@@ -8,7 +8,4 @@ namespace quorlin::x11 {
 // (FocusOut), as on a real focus change from another top level; the real focus stays.
 void sendFocusChange(Display* display, Window topLevel, int type);
 
-// Whether the real keyboard focus lies on the window or inside it.
-bool holdsRealFocus(Display* display, Window topLevel);
-
 }  // namespace quorlin::x11
