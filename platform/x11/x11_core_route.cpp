@@ -1,5 +1,7 @@
 #include "x11/x11_core_route.h"
 
+#include "x11/x11_sent_focus.h"
+
 namespace quorlin::x11 {
 
 namespace {
@@ -23,18 +25,19 @@ unsigned int buttonMask(unsigned int button) { return Button1Mask << (button - 1
 CoreRoute::CoreRoute(Display* display, ServerClock& clock, WindowChain chain)
     : d_(display), clock_(clock), chain_(std::move(chain)) {}
 
-void CoreRoute::press(unsigned int button, int rootX, int rootY) {
-    this->button(ButtonPress, button, buttonsDown_, rootX, rootY);
+// A real device's press that comes later carries a later stamp: the wait is in the stamp.
+void CoreRoute::press(unsigned int button, int rootX, int rootY, std::chrono::milliseconds wait) {
+    this->button(ButtonPress, button, buttonsDown_, rootX, rootY, clock_.now(wait));
     buttonsDown_ |= buttonMask(button);
 }
 
 void CoreRoute::release(unsigned int button, int rootX, int rootY) {
-    this->button(ButtonRelease, button, buttonsDown_ | buttonMask(button), rootX, rootY);
+    this->button(ButtonRelease, button, buttonsDown_ | buttonMask(button), rootX, rootY, clock_.now());
     buttonsDown_ &= ~buttonMask(button);
 }
 
 void CoreRoute::type(const KeyStroke& stroke) {
-    if (!focused_) focus(FocusIn);
+    if (!focused_) sendFocusChange(d_, chain_.topLevel().window, FocusIn);
     focused_ = true;
     key(KeyPress, stroke);
     key(KeyRelease, stroke);
@@ -42,18 +45,18 @@ void CoreRoute::type(const KeyStroke& stroke) {
 
 void CoreRoute::end() {
     if (inside_) cross(LeaveNotify);
-    if (focused_) focus(FocusOut);
+    if (focused_) sendFocusChange(d_, chain_.topLevel().window, FocusOut);
     inside_ = focused_ = false;
 }
 
-void CoreRoute::button(int type, unsigned int button, unsigned int state, int rootX, int rootY) {
+void CoreRoute::button(int type, unsigned int button, unsigned int state, int rootX, int rootY, Time time) {
     rootX_ = rootX;
     rootY_ = rootY;
     if (!inside_) cross(EnterNotify);
     inside_ = true;
     const auto at = chain_.deliveryFor(maskOf(type));
     if (!at) return;
-    XEvent event = pointerEvent(type, *at, clock_.now());
+    XEvent event = pointerEvent(type, *at, time);
     event.xbutton.state = state;
     event.xbutton.button = button;
     XSendEvent(d_, event.xany.window, False, maskOf(type), &event);
@@ -87,16 +90,6 @@ void CoreRoute::cross(int type) {
     }
 }
 
-void CoreRoute::focus(int type) {
-    XEvent event{};
-    XFocusChangeEvent& f = event.xfocus;
-    f.type = type;
-    f.display = d_;
-    f.window = chain_.topLevel().window;
-    f.mode = NotifyNormal;
-    f.detail = NotifyNonlinear;
-    XSendEvent(d_, f.window, False, FocusChangeMask, &event);
-}
 
 // Button, key and crossing events share these fields and their layout, same_screen included.
 XEvent CoreRoute::pointerEvent(int type, std::size_t at, Time time) const {

@@ -12,18 +12,19 @@ namespace quorlin::x11 {
 // change to its top level around typed keys. The real pointer and focus stay put.
 class CoreRoute : public InputRoute {
 public:
+    // display: the connection the events are sent on; input of another route that must
+    // land first is sent on the same one, so the server keeps the order.
     CoreRoute(Display* display, ServerClock& clock, WindowChain chain);
 
-    void press(unsigned int button, int rootX, int rootY) override;
+    void press(unsigned int button, int rootX, int rootY, std::chrono::milliseconds wait) override;
     void release(unsigned int button, int rootX, int rootY) override;
     void type(const KeyStroke& stroke) override;
     void end() override;
 
 private:
-    void button(int type, unsigned int button, unsigned int state, int rootX, int rootY);
+    void button(int type, unsigned int button, unsigned int state, int rootX, int rootY, Time time);
     void key(int type, const KeyStroke& stroke);
     void cross(int type);
-    void focus(int type);
     XEvent pointerEvent(int type, std::size_t at, Time time) const;
 
     Display* d_;

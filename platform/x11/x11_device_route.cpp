@@ -13,9 +13,7 @@ unsigned int buttonMask(unsigned int button) { return 1u << button; }
 }  // namespace
 
 DeviceRoute::DeviceRoute(PrivateMaster& master, Display* userDisplay, WindowChain chain)
-    : master_(master), user_(userDisplay), chain_(std::move(chain)) {
-    XGetInputFocus(user_, &userFocus_, &userRevert_);
-}
+    : master_(master), user_(userDisplay), chain_(std::move(chain)) {}
 
 bool DeviceRoute::reaches(int rootX, int rootY) {
     moveTo(rootX, rootY);
@@ -37,9 +35,11 @@ bool DeviceRoute::reaches(int rootX, int rootY) {
     return under == chain_.target().window;
 }
 
-void DeviceRoute::press(unsigned int button, int rootX, int rootY) {
+// The server holds the press back for the wait, and every later request of this
+// connection with it.
+void DeviceRoute::press(unsigned int button, int rootX, int rootY, std::chrono::milliseconds wait) {
     moveTo(rootX, rootY);
-    XTestFakeButtonEvent(master_.display(), button, True, CurrentTime);
+    XTestFakeButtonEvent(master_.display(), button, True, static_cast<unsigned long>(wait.count()));
     buttonsDown_ |= buttonMask(button);
 }
 
@@ -74,10 +74,6 @@ void DeviceRoute::end() {
         XTestFakeMotionEvent(d, -1, x, y, CurrentTime);
     }
     XSync(d, False);
-    Window focus = None;
-    int revert = 0;
-    XGetInputFocus(user_, &focus, &revert);
-    if (focus != userFocus_) XSetInputFocus(user_, userFocus_, userRevert_, CurrentTime);
     focused_ = moved_ = false;
 }
 

@@ -10,17 +10,18 @@ namespace quorlin::x11 {
 // take input only through XInput 2 (which no sent event can carry). The private
 // pointer clicks where it stands, so it goes to the point for the clicks and back to
 // rest under the user's pointer afterwards; the private keyboard's focus is the
-// target's top level while keys are typed. A window manager that focuses on click
-// takes the user's focus with it; the focus the user had is given back at the end.
+// target's top level while keys are typed. The pair sends no core events, so the window
+// manager's click-to-focus, a core grab, never sees these clicks: the user's focus and
+// the stacking stay as they are.
 class DeviceRoute : public InputRoute {
 public:
-    // userDisplay is a connection that speaks for the user's own pointer and keyboard.
+    // userDisplay is a connection that speaks for the user's own pointer.
     DeviceRoute(PrivateMaster& master, Display* userDisplay, WindowChain chain);
 
     // Whether the private pointer, standing at the point, is over the target itself.
     bool reaches(int rootX, int rootY);
 
-    void press(unsigned int button, int rootX, int rootY) override;
+    void press(unsigned int button, int rootX, int rootY, std::chrono::milliseconds wait) override;
     void release(unsigned int button, int rootX, int rootY) override;
     void type(const KeyStroke& stroke) override;
     void end() override;
@@ -32,8 +33,6 @@ private:
     PrivateMaster& master_;
     Display* user_;
     WindowChain chain_;
-    Window userFocus_ = None;
-    int userRevert_ = RevertToParent;
     unsigned int buttonsDown_ = 0;
     bool moved_ = false;
     bool focused_ = false;

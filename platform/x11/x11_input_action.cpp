@@ -23,10 +23,10 @@ InputAction inputActionFor(std::uint32_t code, std::uint32_t wParam, bool afterR
     using namespace wm;
     using Kind = InputAction::Kind;
     switch (code) {
-        case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK: return {Kind::press, Button1, NoSymbol};
+        case WM_LBUTTONDOWN: return {Kind::press, Button1, NoSymbol, true};
+        case WM_LBUTTONDBLCLK: return {Kind::press, Button1, NoSymbol, false};
         case WM_LBUTTONUP: return {Kind::release, Button1, NoSymbol};
-        case WM_RBUTTONDOWN: return {Kind::press, Button3, NoSymbol};
+        case WM_RBUTTONDOWN: return {Kind::press, Button3, NoSymbol, true};
         case WM_RBUTTONUP: return {Kind::release, Button3, NoSymbol};
         case WM_CHAR: {
             const KeySym keysym = keysymForCharacter(static_cast<unsigned char>(wParam & 0xFF), afterReturn);

@@ -12,6 +12,8 @@ struct InputAction {
     Kind kind = Kind::none;
     unsigned int button = 0;
     KeySym keysym = NoSymbol;
+    // A press that begins a click of its own rather than the second half of a double click.
+    bool ofItsOwn = false;
 };
 
 // Key-down and key-up carry nothing of their own: the character travels with WM_CHAR.

@@ -2,6 +2,8 @@
 
 #include <X11/Xlib.h>
 
+#include <chrono>
+
 #include "x11/x11_keyboard.h"
 
 namespace quorlin::x11 {
@@ -12,8 +14,9 @@ class InputRoute {
 public:
     virtual ~InputRoute() = default;
 
-    // Buttons are X button numbers; the point is where the step's pointer is, in root coordinates.
-    virtual void press(unsigned int button, int rootX, int rootY) = 0;
+    // Buttons are X button numbers; the point is where the step's pointer is, in root
+    // coordinates. A press that must wait lands that much later, and so does all input after it.
+    virtual void press(unsigned int button, int rootX, int rootY, std::chrono::milliseconds wait) = 0;
     virtual void release(unsigned int button, int rootX, int rootY) = 0;
     // One press and release of the key.
     virtual void type(const KeyStroke& stroke) = 0;

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "run/window_messages.h"
+#include "x11/x11_click_spacing.h"
 #include "x11/x11_route_choice.h"
 
 namespace quorlin::x11 {
@@ -14,6 +15,7 @@ struct X11InputRouter::Visit {
     std::unique_ptr<DeviceRoute> device;
     std::optional<InputRoute*> pointer;  // chosen at the first mouse message; null: out of reach
     std::optional<InputRoute*> keys;
+    ClickSpacing spacing;
 };
 
 X11InputRouter::X11InputRouter(const std::string& displayName)
@@ -22,6 +24,7 @@ X11InputRouter::X11InputRouter(const std::string& displayName)
       keyboard_(x_.display()),
       master_(displayName),
       notice_(x_.display()),
+      ping_(displayName),
       ender_([this] { endWhenQuiet(); }) {}
 
 X11InputRouter::~X11InputRouter() {
@@ -71,6 +74,7 @@ void X11InputRouter::end() {
     if (!visit_) return;
     if (visit_->core) visit_->core->end();
     if (visit_->device) visit_->device->end();
+    if (keyboard_.bindsKeys()) awaitKeysRead();
     keyboard_.restore();
     XFlush(x_.display());
     visit_.reset();
@@ -83,8 +87,16 @@ void X11InputRouter::point(const InputAction& action, std::uint32_t lParam) {
     const int rootY = target.originY + wm::lParamY(lParam);
     InputRoute* route = pointerRoute(rootX, rootY);
     if (!route) return;
-    if (action.kind == InputAction::Kind::press) route->press(action.button, rootX, rootY);
+    if (action.kind == InputAction::Kind::press)
+        route->press(action.button, rootX, rootY, visit_->spacing.waitBefore(action.ofItsOwn));
     else route->release(action.button, rootX, rootY);
+}
+
+// A client looks a key up in the keyboard map when it reads the key, which may be
+// long after it was sent.
+void X11InputRouter::awaitKeysRead() {
+    XSync(x_.display(), False);
+    if (visit_->chain) ping_.await(visit_->chain->topLevel().window, clock_.now(), kReadLimit);
 }
 
 void X11InputRouter::key(KeySym keysym) {
@@ -124,8 +136,11 @@ InputRoute* X11InputRouter::keyRoute() {
     return *visit_->keys;
 }
 
+// After device input, which may still be held back for click spacing, sent events
+// travel on the same connection so that they land after it.
 CoreRoute& X11InputRouter::coreRoute() {
-    if (!visit_->core) visit_->core = std::make_unique<CoreRoute>(x_.display(), clock_, *visit_->chain);
+    Display* d = visit_->device ? master_.display() : x_.display();
+    if (!visit_->core) visit_->core = std::make_unique<CoreRoute>(d, clock_, *visit_->chain);
     return *visit_->core;
 }
 

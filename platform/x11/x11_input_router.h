@@ -10,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "x11/x11_client_ping.h"
 #include "x11/x11_connection.h"
 #include "x11/x11_core_route.h"
 #include "x11/x11_device_route.h"
@@ -24,12 +25,15 @@ namespace quorlin::x11 {
 // Brings the click step's window messages to their target as X input. The messages
 // for one target make a visit: its routes are chosen when it begins, and it ends once
 // the messages have stopped for a while (or another target is posted to), so the
-// crossing, the focus change and any key bound for the text end with the step.
+// crossing, the focus change and any key bound for the text end with the step. A bound
+// key is given back only once the target has read the keys typed with it.
 // Works on connections of its own, so ending a visit from its timer thread never
 // meets the toolkit's or the screen reader's use of theirs.
 class X11InputRouter {
 public:
     static constexpr std::chrono::milliseconds kQuietEnd{500};
+    // How long the end of a visit waits for the target to have read its bound keys.
+    static constexpr std::chrono::milliseconds kReadLimit{2000};
 
     explicit X11InputRouter(const std::string& displayName);
     ~X11InputRouter();
@@ -48,6 +52,7 @@ private:
     void begin(Window target);
     void end();
     void point(const InputAction& action, std::uint32_t lParam);
+    void awaitKeysRead();
     void key(KeySym keysym);
     InputRoute* pointerRoute(int rootX, int rootY);
     InputRoute* keyRoute();
@@ -60,6 +65,7 @@ private:
     X11Keyboard keyboard_;
     PrivateMaster master_;
     RouteNotice notice_;
+    ClientPing ping_;
     std::unique_ptr<Visit> visit_;
     Window lastReturnTo_ = None;
 

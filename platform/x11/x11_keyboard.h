@@ -24,6 +24,8 @@ public:
 
     // Nothing (keycode 0) when no key can be found or made.
     KeyStroke strokeFor(KeySym keysym);
+    // Whether spare codes are bound now.
+    bool bindsKeys() const { return !bound_.empty(); }
     // Unbinds every spare code bound since the last call.
     void restore();
 

@@ -78,7 +78,7 @@ bool PrivateMaster::create() {
     XIAddMasterInfo add{};
     add.type = XIAddMaster;
     add.name = name.data();
-    add.send_core = True;
+    add.send_core = False;
     add.enable = True;
     XIChangeHierarchy(d_, reinterpret_cast<XIAnyHierarchyChangeInfo*>(&add), 1);
     int count = 0;

@@ -7,8 +7,9 @@
 namespace quorlin::x11 {
 
 // A master pointer and keyboard of the program's own, beside the user's: events made
-// through their test devices are real device events, yet the user's pointer does not
-// move and the user's keyboard focus stays where it is. Made on first need and removed
+// through their test devices are real XInput 2 device events, yet the user's pointer
+// does not move and the user's keyboard focus stays where it is. The pair makes no
+// core events: core clients, the window manager's grabs among them, never see it. Made on first need and removed
 // with this object; a pair left behind by a program that ended without removing it is
 // removed when the next one starts.
 class PrivateMaster {

@@ -11,8 +11,10 @@ Route pointerRouteFor(const WindowChain& chain, bool deviceReaches) {
     return deviceReaches ? Route::device : Route::none;
 }
 
+// The private keyboard makes no core events: a client that reads core keys only and
+// throws sent ones away cannot be reached.
 Route keyRouteFor(const WindowChain& chain, bool discardsSentKeys, bool deviceReady) {
-    if (chain.deliveryFor(KeyPressMask) && !discardsSentKeys) return Route::core;
+    if (chain.deliveryFor(KeyPressMask)) return discardsSentKeys ? Route::none : Route::core;
     return deviceReady ? Route::device : Route::none;
 }
 

@@ -8,9 +8,9 @@ namespace quorlin::x11 {
 
 enum class Route { core, device, none };
 
-// Sent core events are the gentler way (no window manager sees a click, a covered
-// window can be reached); real device events are the way to a target whose path
-// selects no core event of the kind, as with XInput 2 toolkits.
+// Sent core events are the way to a target whose path selects core events of the
+// kind; real XInput 2 device events the way to one whose path selects none, as with
+// XInput 2 toolkits.
 Route pointerRouteFor(const WindowChain& chain, bool deviceReaches);
 Route keyRouteFor(const WindowChain& chain, bool discardsSentKeys, bool deviceReady);
 

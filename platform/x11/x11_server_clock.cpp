@@ -28,8 +28,8 @@ Time readServerTime(Display* d) {
 ServerClock::ServerClock(Display* display)
     : offset_(static_cast<std::int64_t>(readServerTime(display)) - steadyMilliseconds()) {}
 
-Time ServerClock::now() {
-    const auto stamp = static_cast<Time>(static_cast<std::uint32_t>(steadyMilliseconds() + offset_));
+Time ServerClock::now(std::chrono::milliseconds ahead) {
+    const auto stamp = static_cast<Time>(static_cast<std::uint32_t>(steadyMilliseconds() + offset_ + ahead.count()));
     last_ = stamp > last_ ? stamp : last_ + 1;
     return last_;
 }

@@ -2,6 +2,7 @@
 
 #include <X11/Xlib.h>
 
+#include <chrono>
 #include <cstdint>
 
 namespace quorlin::x11 {
@@ -13,7 +14,8 @@ class ServerClock {
 public:
     explicit ServerClock(Display* display);
 
-    Time now();
+    // A stamp taken ahead of the clock holds back the stamps after it until the clock passes it.
+    Time now(std::chrono::milliseconds ahead = std::chrono::milliseconds{0});
 
 private:
     static std::int64_t steadyMilliseconds();

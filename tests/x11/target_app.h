@@ -37,7 +37,7 @@ public:
         posix_spawn_file_actions_destroy(&actions);
         close(out[1]);
         fd_ = out[0];
-        for (const std::string& line : lines(1, 15000, "ready")) {
+        for (const std::string& line : lines(1, 20000, "ready")) {
             std::istringstream words(line);
             std::string at, name;
             ScreenPoint p;
@@ -52,6 +52,7 @@ public:
     TargetApp& operator=(const TargetApp&) = delete;
 
     bool ready() const { return places_.count("button") > 0; }
+    bool has(const std::string& name) const { return places_.count(name) > 0; }
     ScreenPoint at(const std::string& name) const { return places_.at(name); }
 
     // The lines that arrive until `count` have come (then a little longer, to catch any

@@ -2,6 +2,7 @@
 
 #include <X11/Xlib.h>
 
+#include <algorithm>
 #include <vector>
 
 #include "ports/desktop.h"
@@ -14,6 +15,7 @@ struct UserState {
     ScreenPoint pointer;
     Window focus = None;
     std::vector<KeySym> keymap;
+    std::vector<Window> stacking;  // the root's children, bottom first
 
     static UserState of(Display* d) {
         UserState s;
@@ -27,9 +29,22 @@ struct UserState {
         KeySym* map = XGetKeyboardMapping(d, static_cast<KeyCode>(minCode), maxCode - minCode + 1, &perCode);
         s.keymap.assign(map, map + (maxCode - minCode + 1) * perCode);
         XFree(map);
+        Window parent = None, *children = nullptr;
+        unsigned int count = 0;
+        XQueryTree(d, root, &root, &parent, &children, &count);
+        s.stacking.assign(children, children + count);
+        if (children) XFree(children);
         return s;
     }
-    friend bool operator==(const UserState&, const UserState&) = default;
+    // The windows that are there before and after are stacked in the same order.
+    bool stackedAs(const UserState& before) const {
+        std::vector<Window> kept, still;
+        for (Window w : stacking)
+            if (std::find(before.stacking.begin(), before.stacking.end(), w) != before.stacking.end()) kept.push_back(w);
+        for (Window w : before.stacking)
+            if (std::find(stacking.begin(), stacking.end(), w) != stacking.end()) still.push_back(w);
+        return kept == still;
+    }
 };
 
 }  // namespace quorlin::testing

@@ -1,0 +1,67 @@
+#include <gtest/gtest.h>
+
+#include <X11/extensions/XInput2.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <string>
+
+#include "private_display.h"
+#include "x11/x11_private_master.h"
+
+namespace quorlin::testing {
+namespace {
+
+bool hasMaster(Display* d, const std::string& name) {
+    int count = 0;
+    XIDeviceInfo* devices = XIQueryDevice(d, XIAllMasterDevices, &count);
+    bool found = false;
+    for (int i = 0; i < count; ++i) found = found || devices[i].name == name;
+    XIFreeDeviceInfo(devices);
+    return found;
+}
+
+void addMaster(Display* d, const std::string& name) {
+    std::string copy = name;
+    XIAddMasterInfo add{};
+    add.type = XIAddMaster;
+    add.name = copy.data();
+    add.send_core = False;
+    add.enable = True;
+    XIChangeHierarchy(d, reinterpret_cast<XIAnyHierarchyChangeInfo*>(&add), 1);
+    XSync(d, False);
+}
+
+long endedProcess() {
+    const pid_t child = fork();
+    if (child == 0) _exit(0);
+    waitpid(child, nullptr, 0);
+    return child;
+}
+
+// A pair left by a process that has ended goes at the next start; a running
+// instance's pair stays; the program's own pair goes with it.
+TEST(PrivateMaster, LeftoversOfEndedProcessesGoAtStartAndTheOwnPairAtTheEnd) {
+    PrivateDisplay server;
+    Display* d = XOpenDisplay(nullptr);
+    ASSERT_NE(d, nullptr);
+    const std::string left = "Quorlin " + std::to_string(endedProcess());
+    const std::string running = "Quorlin " + std::to_string(getppid());
+    const std::string own = "Quorlin " + std::to_string(getpid());
+    addMaster(d, left);
+    addMaster(d, running);
+    {
+        x11::PrivateMaster master(DisplayString(d));
+        EXPECT_FALSE(hasMaster(d, left + " pointer"));
+        EXPECT_TRUE(hasMaster(d, running + " pointer"));
+        ASSERT_TRUE(master.ready());
+        EXPECT_TRUE(hasMaster(d, own + " pointer"));
+        EXPECT_TRUE(hasMaster(d, own + " keyboard"));
+    }
+    EXPECT_FALSE(hasMaster(d, own + " pointer"));
+    EXPECT_FALSE(hasMaster(d, own + " keyboard"));
+    XCloseDisplay(d);
+}
+
+}  // namespace
+}  // namespace quorlin::testing
