@@ -132,12 +132,19 @@ TEST_F(ProjectFile, ACharacterTheCodePageLacksIsWrittenAsAQuestionMark) {
     EXPECT_NE(saved().find("\r\na?b\r\n"), std::string::npos);
 }
 
-TEST_F(ProjectFile, FilesWithLoneLineFeedsLoadToo) {
+// Each line ends at its own CR LF or LF: whole files of either, a file whose endings
+// change part-way, and one with a byte-order mark all load whole.
+TEST_F(ProjectFile, LinesEndAtTheirOwnLineEnd) {
     std::string unix = kExampleFile;
     for (std::size_t at = unix.find("\r\n"); at != std::string::npos; at = unix.find("\r\n", at)) unix.erase(at, 1);
-    load(unix);
-    EXPECT_EQ(m.fgResult.cell(2, colText), "hello");
-    EXPECT_EQ(m.rows.lRowRect[2][3], 51);
+    const std::size_t half = kExampleFile.find("Random");
+    for (const std::string& file : {unix, kExampleFile.substr(0, half) + unix.substr(unix.find("Random")),
+                                    "\xEF\xBB\xBF" + kExampleFile}) {
+        load(file);
+        EXPECT_TRUE(w.form().selected(C::optImageInclude));
+        EXPECT_EQ(m.fgResult.cell(2, colText), "hello");
+        EXPECT_EQ(m.rows.lRowRect[2][3], 51);
+    }
 }
 
 std::string imageOff(std::initializer_list<const char*> first7 = {"True", "False", "", "", "", "", "0"}) {
@@ -227,6 +234,31 @@ const LoadCase kLoads[] = {
          EXPECT_EQ(t.m.rows.lRowInclude[1], 0);
          EXPECT_EQ(t.m.rows.lRowRect[1], (std::array<std::int32_t, 4>{1, 2, 3, 4}));
          EXPECT_EQ(t.m.fgResult.rowCount(), 3);
+     }},
+    {"EndsBeforeTheImageRecordsPictureYetClicksRunsAndSaves", imageOff() + runSettings() + record("1", "Yes"),
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.m.fgResult.cell(1, colImage), "Yes");
+         t.w.frm.fgResult_Click(1, 0);
+         t.w.frm.cmdStart_Click();
+         t.w.clock.advanceBy(3000);
+         t.save();
+         EXPECT_TRUE(t.saved().ends_with(lines({"Yes", "False", "Yes", "0", "0", "0", "0", "0", "0", "0", "0"})));
+     }},
+    {"AHugeConditionRectangleNeverSizesABuffer",
+     imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "-1", "0", "0", "100000", "100000"}),
+     [](ProjectFile& t) {
+         t.w.frm.selectOption(C::optFromTrack);
+         t.w.frm.cmdStart_Click();
+         EXPECT_EQ(t.w.clicks(), 0u) << "a rectangle beyond the picture store never shows the picture";
+         EXPECT_TRUE(t.w.screen.reads.empty());
+     }},
+    {"ALineBeyondSixteenMebibytesEndsTheLoad",
+     imageOff({"True", "False", "1", "2", "3", "4", "0"}) + "False\r\nTrue\r\nTrue\r\n0\r\n" +
+         std::string(16 << 20 | 1, '7') + "\r\n" + runSettings().substr(24),
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.w.text(C::txtBottomY), "4");
+         EXPECT_EQ(t.w.text(C::txtText), "");
+         EXPECT_EQ(t.w.text(C::txtTrackNum), "1") << "nothing after the long line was read";
      }},
     {"ARecordWithoutImageReadsFollowingPictureLinesAsTheNextRecord",
      imageOff() + runSettings() + record("1") + lines({"0", "0", "255", "-1", "1", "2", "1", "2"}), [](ProjectFile& t) {

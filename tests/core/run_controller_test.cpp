@@ -33,31 +33,28 @@ protected:
     }
 };
 
-struct IntervalCase {
-    const char* minutes;
-    const char* seconds;
-    const char* ms;
-    std::int32_t timer;
-    const char* refusal;
-};
-
-class CustomInterval : public ManualRun, public ::testing::WithParamInterface<IntervalCase> {};
-
-TEST_P(CustomInterval, IsArmedRoundedOrRefused) {
-    const auto& c = GetParam();
-    custom(c.minutes, c.seconds, c.ms);
-    w.frm.cmdStart_Click();
-    EXPECT_EQ(w.clock.interval(TimerId::tmrCount), c.timer);
-    EXPECT_EQ(w.messages(), c.refusal ? std::vector<std::string>{c.refusal} : std::vector<std::string>{});
-    EXPECT_EQ(w.model().run.bStop, c.refusal != nullptr);
+TEST_F(ManualRun, CustomIntervalsAreArmedRoundedOrRefused) {
+    struct Case {
+        const char* minutes;
+        const char* seconds;
+        const char* ms;
+        std::int32_t timer;
+        const char* refusal;
+    };
+    for (Case c : {Case{"1", "0", "0", 60000, nullptr}, {"1", "5", "535", 65535, nullptr},
+                   {"1", "5", "536", 0, "Maximum interval is 1 minute"}, {"0", "1.5", "0", 1500, nullptr},
+                   {"0", "0", "2.5", 2, nullptr}, {"0", "0", "3.5", 4, nullptr}, {"0", "0", "0", 0, nullptr},
+                   {"0", "0", "-0.5", 0, nullptr}, {"0", "0", "-5", 0, "Error in input"},
+                   {"0", "-1", "0", 0, "Error in input"}}) {
+        TestWindow fresh;
+        fresh.typeAll({{C::txtX, "1"}, {C::txtY, "1"}, {C::txtMinutes, c.minutes}, {C::txtSeconds, c.seconds},
+                       {C::txtMiliseconds, c.ms}});
+        fresh.frm.cmdStart_Click();
+        EXPECT_EQ(fresh.clock.interval(TimerId::tmrCount), c.timer) << c.seconds << " " << c.ms;
+        EXPECT_EQ(fresh.messages(), c.refusal ? std::vector<std::string>{c.refusal} : std::vector<std::string>{});
+        EXPECT_EQ(fresh.model().run.bStop, c.refusal != nullptr);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Limits, CustomInterval, ::testing::Values(
-    IntervalCase{"1", "0", "0", 60000, nullptr}, IntervalCase{"1", "5", "535", 65535, nullptr},
-    IntervalCase{"1", "5", "536", 0, "Maximum interval is 1 minute"}, IntervalCase{"0", "1.5", "0", 1500, nullptr},
-    IntervalCase{"0", "0", "2.5", 2, nullptr}, IntervalCase{"0", "0", "3.5", 4, nullptr},
-    IntervalCase{"0", "0", "0", 0, nullptr}, IntervalCase{"0", "0", "-0.5", 0, nullptr},
-    IntervalCase{"0", "0", "-5", 0, "Error in input"}, IntervalCase{"0", "-1", "0", 0, "Error in input"}));
 
 TEST_F(ManualRun, CountedRunsClickTheirRoundedCountOneIntervalApart) {
     custom("0", "1", "0");
@@ -254,29 +251,27 @@ TEST_F(TrackRun, TheGateNeedsAnEntryOrANumberOneWithoutASourceOption) {
     EXPECT_EQ(w.clickedXs(), (std::vector<int>{1}));
 }
 
-struct IntervalRow {
-    const char* cell;
-    bool random;
-    double u;
-    std::int32_t timer;
-};
-
-class RowInterval : public TrackRun, public ::testing::WithParamInterface<IntervalRow> {};
-
-TEST_P(RowInterval, FollowsTheIntervalOptionSelectedNow) {
-    add("1", "1", GetParam().cell);
-    repeat("1");
-    if (GetParam().random) w.frm.selectOption(C::optRandom);
-    w.random.values.push(GetParam().u);
-    w.clock.at(100'000, [&] { w.frm.cmdStop_Click(); });  // an interval of 0 waits until Stop
-    w.frm.cmdStart_Click();
-    EXPECT_EQ(w.clock.intervals.front(), (std::pair{TimerId::tmrCount, GetParam().timer}));
+TEST_F(TrackRun, RowIntervalsFollowTheIntervalOptionSelectedNow) {
+    struct Case {
+        const char* cell;
+        bool random;
+        double u;
+        std::int32_t timer;
+    };
+    for (Case c : {Case{"0:2:500", false, 0, 2500}, {"0:2:500", true, 0, 0}, {"0:2:500", true, 0.99, 1},
+                   {"3:7", true, 0.999, 9}, {"-5:2", true, 0, 1}, {"0:0:2.5", false, 0, 2}, {"1:5:535", false, 0, 65535},
+                   {"7", true, 0.5, 7}}) {
+        w.putRow(1, {"1", "1", "0", "Custom", c.cell, "Click", "1", "No", "", "No"});
+        repeat("1");
+        w.frm.selectOption(c.random ? C::optRandom : C::optCustom);
+        if (c.random) w.random.values.push(c.u);
+        w.clock.intervals.clear();
+        w.clock.at(w.clock.now + 100'000, [&] { w.frm.cmdStop_Click(); });  // an interval of 0 waits until Stop
+        w.frm.cmdStart_Click();
+        EXPECT_EQ(w.clock.intervals.front(), (std::pair{TimerId::tmrCount, c.timer})) << c.cell;
+        w.clock.advanceBy(100'000);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cells, RowInterval, ::testing::Values(
-    IntervalRow{"0:2:500", false, 0, 2500}, IntervalRow{"0:2:500", true, 0, 0}, IntervalRow{"0:2:500", true, 0.99, 1},
-    IntervalRow{"3:7", true, 0.999, 9}, IntervalRow{"-5:2", true, 0, 1}, IntervalRow{"0:0:2.5", false, 0, 2},
-    IntervalRow{"1:5:535", false, 0, 65535}, IntervalRow{"7", true, 0.5, 7}));
 
 TEST_F(TrackRun, RowsATimerCannotTakeEndTheirPassWithAMessage) {
     add("1", "1");
