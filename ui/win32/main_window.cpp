@@ -70,6 +70,8 @@ MainWindow::MainWindow(FrmMain& frm)
     registerClass(&MainWindow::windowProc, bigIcon_, smallIcon_);
     CreateWindowExW(0, kClassName, wideFromUtf8(kWindowTitle).c_str(), kStyle, CW_USEDEFAULT, CW_USEDEFAULT, 0, 0,
                     nullptr, aboutMenuBar(), GetModuleHandleW(nullptr), this);
+    SendMessageW(hwnd_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(bigIcon_));
+    SendMessageW(hwnd_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(smallIcon_));
     createControls();
     stackControls();
     applyDpi(GetDpiForWindow(hwnd_), nullptr);
