@@ -118,6 +118,21 @@ TEST(FrontEnd, OpensWithTheLayoutsClientAreaAndCaptions) {
     EXPECT_FALSE(IsWindowVisible(quorlin.control(Ctl::txtComments)));
 }
 
+TEST(FrontEnd, SpinArrowsStepTheirFieldsNumber) {
+    Quorlin quorlin;
+    HWND spin = quorlin.control(Ctl::UpDown3);
+    auto press = [&](int y) {
+        PostMessageW(spin, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, y));
+        PostMessageW(spin, WM_LBUTTONUP, 0, MAKELPARAM(8, y));
+        pumpMessages(300);
+    };
+    press(4);
+    EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), L"4");
+    press(15);
+    press(15);
+    EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), L"2");
+}
+
 TEST(FrontEnd, StartRunsAManualClickIntoTheWindowUnderThePoint) {
     Quorlin quorlin;
     RecordingWindow target({800, 500, 900, 580});

@@ -8,6 +8,7 @@ constexpr wchar_t kClassName[] = L"QuorlinTimers";
 
 // Timer ids start at 1: SetTimer treats id 0 like any other, but 0 reads as "none".
 UINT_PTR idOf(TimerId timer) { return static_cast<UINT_PTR>(timer) + 1; }
+constexpr UINT_PTR kLastId = static_cast<UINT_PTR>(TimerId::timer) + 1;
 
 void registerClass(WNDPROC procedure) {
     WNDCLASSEXW wc{};
@@ -36,7 +37,7 @@ void Win32Timers::setInterval(TimerId timer, std::int32_t milliseconds) {
 
 LRESULT CALLBACK Win32Timers::windowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
     auto* self = reinterpret_cast<Win32Timers*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
-    if (message == WM_TIMER && self && wParam >= 1 && wParam <= 3) {
+    if (message == WM_TIMER && self && wParam >= 1 && wParam <= kLastId) {
         self->onTick_(static_cast<TimerId>(wParam - 1));
         return 0;
     }
