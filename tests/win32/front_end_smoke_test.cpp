@@ -75,7 +75,6 @@ public:
         SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
         pumpMessages(5000, [&] { return !IsWindow(dialog); });
-        pumpMessages(200);
     }
 
 private:
@@ -121,16 +120,17 @@ TEST(FrontEnd, OpensWithTheLayoutsClientAreaAndCaptions) {
 TEST(FrontEnd, SpinArrowsStepTheirFieldsNumber) {
     Quorlin quorlin;
     HWND spin = quorlin.control(Ctl::UpDown3);
-    auto press = [&](int y) {
-        PostMessageW(spin, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, y));
-        PostMessageW(spin, WM_LBUTTONUP, 0, MAKELPARAM(8, y));
-        pumpMessages(300);
-    };
-    press(4);
-    EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), L"4");
-    press(15);
-    press(15);
-    EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), L"2");
+    HWND seconds = quorlin.control(Ctl::txtSeconds);
+    const struct {
+        int y;
+        const wchar_t* after;
+    } presses[] = {{4, L"4"}, {15, L"3"}, {15, L"2"}};  // upper arrow, lower arrow twice
+    for (const auto& press : presses) {
+        PostMessageW(spin, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, press.y));
+        PostMessageW(spin, WM_LBUTTONUP, 0, MAKELPARAM(8, press.y));
+        pumpMessages(5000, [&] { return textOf(seconds) == press.after; });
+        EXPECT_EQ(textOf(seconds), press.after);
+    }
 }
 
 TEST(FrontEnd, StartRunsAManualClickIntoTheWindowUnderThePoint) {
@@ -155,18 +155,24 @@ TEST(FrontEnd, SaveThenLoadGivesBackTheSameFileByteForByte) {
         quorlin.type(Ctl::txtX, x);
         quorlin.type(Ctl::txtY, L"34");
         quorlin.click(Ctl::cmdAddtoList);
-        pumpMessages(200);
     }
     HWND grid = quorlin.control(Ctl::fgResult);
-    ASSERT_EQ(SendMessageW(grid, LVM_GETITEMCOUNT, 0, 0), 2);
+    auto rows = [&] { return SendMessageW(grid, LVM_GETITEMCOUNT, 0, 0); };
+    pumpMessages(5000, [&] { return rows() == 2; });
+    ASSERT_EQ(rows(), 2);
+    // Each save ends with the finished file appearing under its name at once.
+    auto saved = [&](const char* name) { pumpMessages(5000, [&] { return std::filesystem::exists(dir / name); }); };
 
     quorlin.click(Ctl::cmdSave);
     quorlin.chooseFile((dir / "first.tpl").wstring());
+    saved("first.tpl");
     quorlin.click(Ctl::cmdLoad);
     quorlin.chooseFile((dir / "first.tpl").wstring());
-    EXPECT_EQ(SendMessageW(grid, LVM_GETITEMCOUNT, 0, 0), 2);
+    pumpMessages(5000, [&] { return rows() == 2; });
+    EXPECT_EQ(rows(), 2);
     quorlin.click(Ctl::cmdSave);
     quorlin.chooseFile((dir / "second.tpl").wstring());
+    saved("second.tpl");
 
     const std::string first = bytesOf(dir / "first.tpl");
     EXPECT_GT(first.size(), 100u);
