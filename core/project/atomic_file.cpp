@@ -38,16 +38,24 @@ bool mayWrite(const fs::path& file) {
     return probe.is_open();
 }
 
+// Hidden, and named after the file, so that stale ones are found again.
+std::string temporaryPrefix(const fs::path& target) {
+    std::string prefix(1, '.');
+    prefix += target.filename().string();
+    prefix += '.';
+    return prefix;
+}
+
 std::string uniqueName(const fs::path& target) {
     std::random_device device;
     const std::uint64_t bits = (std::uint64_t{device()} << 32) ^ device();
     char hex[17];
     std::snprintf(hex, sizeof hex, "%016llx", static_cast<unsigned long long>(bits));
-    return "." + target.filename().string() + "." + hex + ".saving";
+    return temporaryPrefix(target).append(hex).append(".saving");
 }
 
 void removeStaleTemporaries(const fs::path& target) {
-    const std::string prefix = "." + target.filename().string() + ".";
+    const std::string prefix = temporaryPrefix(target);
     std::error_code error;
     for (fs::directory_iterator it(folderOf(target), error), end; !error && it != end; it.increment(error)) {
         const std::string name = it->path().filename().string();

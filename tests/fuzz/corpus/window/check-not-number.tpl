@@ -1,7 +1,0 @@
-True
-False
-
-
-
-
-x
