@@ -135,10 +135,10 @@ TEST_F(ProjectFile, ACharacterTheCodePageLacksIsWrittenAsAQuestionMark) {
 // Each line ends at its own CR LF or LF: whole files of either, a file whose endings
 // change part-way, and one with a byte-order mark all load whole.
 TEST_F(ProjectFile, LinesEndAtTheirOwnLineEnd) {
-    std::string unix = kExampleFile;
-    for (std::size_t at = unix.find("\r\n"); at != std::string::npos; at = unix.find("\r\n", at)) unix.erase(at, 1);
+    std::string lfOnly = kExampleFile;
+    for (std::size_t at = lfOnly.find("\r\n"); at != std::string::npos; at = lfOnly.find("\r\n", at)) lfOnly.erase(at, 1);
     const std::size_t half = kExampleFile.find("Random");
-    for (const std::string& file : {unix, kExampleFile.substr(0, half) + unix.substr(unix.find("Random")),
+    for (const std::string& file : {lfOnly, kExampleFile.substr(0, half) + lfOnly.substr(lfOnly.find("Random")),
                                     "\xEF\xBB\xBF" + kExampleFile}) {
         load(file);
         EXPECT_TRUE(w.form().selected(C::optImageInclude));
