@@ -4,32 +4,69 @@
 #include <QFileDialog>
 #include <QLocale>
 #include <QMessageBox>
+#include <sys/timerfd.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <system_error>
+#include <utility>
 
 #include "form/layout.h"
 
 namespace quorlin::qt {
 
-QtTimers::QtTimers(TickHandler onTick) {
-    for (auto [timer, id] : {std::pair{&count_, TimerId::tmrCount}, {&loop_, TimerId::tmrLoop},
-                             {&readout_, TimerId::timer}}) {
-        timer->setTimerType(Qt::PreciseTimer);
-        QObject::connect(timer, &QTimer::timeout, [onTick, id = id] { onTick(id); });
-    }
+ScheduledTimer::ScheduledTimer(std::function<void()> onTick)
+    : fd_(timerfd_create(CLOCK_MONOTONIC, TFD_NONBLOCK | TFD_CLOEXEC)),
+      notifier_(fd_, QSocketNotifier::Read),
+      onTick_(std::move(onTick)) {
+    if (fd_ < 0) throw std::system_error(errno, std::generic_category(), "cannot create a run timer");
+    notifier_.setEnabled(false);
+    QObject::connect(&notifier_, &QSocketNotifier::activated, [this] { expired(); });
 }
 
-QTimer& QtTimers::timerFor(TimerId id) {
-    switch (id) {
-        case TimerId::tmrCount: return count_;
-        case TimerId::tmrLoop: return loop_;
-        case TimerId::timer: break;
-    }
-    return readout_;
+ScheduledTimer::~ScheduledTimer() {
+    notifier_.setEnabled(false);
+    close(fd_);
+}
+
+void ScheduledTimer::setInterval(std::int32_t milliseconds) {
+    ++arming_;
+    armed_ = milliseconds > 0;
+    const auto interval = std::chrono::milliseconds(armed_ ? milliseconds : 0);
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(interval);
+    const timespec period{seconds.count(), std::chrono::nanoseconds(interval - seconds).count()};
+    const itimerspec schedule{period, period};
+    timerfd_settime(fd_, 0, &schedule, nullptr);
+    notifier_.setEnabled(armed_);
+}
+
+// A tick's step pumps events, and a tick of the same arming must not start inside it,
+// as a Qt timer's would not: the notifier rests until the step is over, and deadlines
+// passed meanwhile make one tick at once. A run armed anew inside the step ticks in it.
+void ScheduledTimer::expired() {
+    std::uint64_t passed = 0;
+    if (read(fd_, &passed, sizeof passed) != static_cast<ssize_t>(sizeof passed)) return;
+    const std::uint64_t arming = arming_;
+    notifier_.setEnabled(false);
+    onTick_();
+    if (arming_ == arming && armed_) notifier_.setEnabled(true);
+}
+
+QtTimers::QtTimers(TickHandler onTick)
+    : count_([onTick] { onTick(TimerId::tmrCount); }), loop_([onTick] { onTick(TimerId::tmrLoop); }) {
+    readout_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&readout_, &QTimer::timeout, [onTick] { onTick(TimerId::timer); });
 }
 
 void QtTimers::setInterval(TimerId id, std::int32_t milliseconds) {
-    QTimer& timer = timerFor(id);
-    if (milliseconds > 0) timer.start(milliseconds);
-    else timer.stop();
+    switch (id) {
+        case TimerId::tmrCount: return count_.setInterval(milliseconds);
+        case TimerId::tmrLoop: return loop_.setInterval(milliseconds);
+        case TimerId::timer: break;
+    }
+    if (milliseconds > 0) readout_.start(milliseconds);
+    else readout_.stop();
 }
 
 void QtEventPump::pumpOnce() { QCoreApplication::processEvents(); }

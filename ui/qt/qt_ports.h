@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QObject>
+#include <QSocketNotifier>
 #include <QTimer>
 #include <QWidget>
+#include <cstdint>
 #include <functional>
 
 #include "ports/dialogs.h"
@@ -16,7 +18,33 @@ namespace quorlin::qt {
 // a thousand times a second; 20 readings a second look just as live.
 inline constexpr int kReadoutIntervalMs = 50;
 
-// The window's three timers as precise Qt timers; each tick goes to the handler.
+// A run timer whose ticks keep to the deadlines start + k x interval: a late tick comes
+// at once and the next one still falls on its deadline, so lateness never adds up over a
+// run. When several deadlines have passed (a long step, a busy machine), one tick stands
+// for them all. The kernel keeps the deadlines (a timerfd), so waking up costs no polling
+// and is not rounded to whole milliseconds as Qt's timers are.
+class ScheduledTimer {
+public:
+    explicit ScheduledTimer(std::function<void()> onTick);
+    ~ScheduledTimer();
+    ScheduledTimer(const ScheduledTimer&) = delete;
+    ScheduledTimer& operator=(const ScheduledTimer&) = delete;
+
+    // Restarts the deadlines from now; 0 stops the timer.
+    void setInterval(std::int32_t milliseconds);
+
+private:
+    void expired();
+
+    int fd_;
+    QSocketNotifier notifier_;
+    std::function<void()> onTick_;
+    std::uint64_t arming_ = 0;
+    bool armed_ = false;
+};
+
+// The window's three timers: the run timers on an absolute schedule, the readout on a
+// plain Qt timer. Each tick goes to the handler.
 class QtTimers : public Timers {
 public:
     using TickHandler = std::function<void(TimerId)>;
@@ -26,10 +54,8 @@ public:
     void startReadout() { setInterval(TimerId::timer, kReadoutIntervalMs); }
 
 private:
-    QTimer& timerFor(TimerId id);
-
-    QTimer count_;
-    QTimer loop_;
+    ScheduledTimer count_;
+    ScheduledTimer loop_;
     QTimer readout_;
 };
 
