@@ -93,10 +93,12 @@ void X11InputRouter::point(const InputAction& action, std::uint32_t lParam) {
 }
 
 // A client looks a key up in the keyboard map when it reads the key, which may be
-// long after it was sent.
+// long after it was sent; a toolkit may even answer the ping before it has looked the
+// key up (GTK answers it while it reads, and translates later), hence the grace after.
 void X11InputRouter::awaitKeysRead() {
     XSync(x_.display(), False);
     if (visit_->chain) ping_.await(visit_->chain->topLevel().window, clock_.now(), kReadLimit);
+    std::this_thread::sleep_for(kLookUpGrace);
 }
 
 void X11InputRouter::key(KeySym keysym) {

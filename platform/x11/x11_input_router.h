@@ -34,6 +34,7 @@ public:
     static constexpr std::chrono::milliseconds kQuietEnd{500};
     // How long the end of a visit waits for the target to have read its bound keys.
     static constexpr std::chrono::milliseconds kReadLimit{2000};
+    static constexpr std::chrono::milliseconds kLookUpGrace{150};
 
     explicit X11InputRouter(const std::string& displayName);
     ~X11InputRouter();
