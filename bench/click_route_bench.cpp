@@ -2,6 +2,8 @@
 // against the bare XSendEvent of the same press and release.
 #include <benchmark/benchmark.h>
 
+#include "ratio_reporter.h"
+
 #include <X11/Xlib.h>
 #include <X11/extensions/XInput2.h>
 
@@ -94,14 +96,6 @@ BENCHMARK(BM_BareSendEvent)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
 BENCHMARK(BM_CoreRoute)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
 BENCHMARK(BM_DeviceRoute)->Unit(benchmark::kMicrosecond)->MinTime(1.0);
 
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) perIteration[run.benchmark_name()] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> perIteration;
-};
 
 }  // namespace
 

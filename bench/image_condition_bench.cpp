@@ -2,6 +2,8 @@
 // same rectangle, side by side in one run on the X display in $DISPLAY.
 #include <benchmark/benchmark.h>
 
+#include "ratio_reporter.h"
+
 #include <cstdio>
 #include <map>
 #include <string>
@@ -59,15 +61,6 @@ BENCHMARK(BM_BareRead)->Unit(benchmark::kMillisecond)->MinTime(1.0);
 BENCHMARK(BM_Capture)->Unit(benchmark::kMillisecond)->MinTime(1.0);
 BENCHMARK(BM_ImageCondition)->Unit(benchmark::kMillisecond)->MinTime(1.0);
 
-// Keeps each benchmark's real time per iteration so the ratios can be printed at the end.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& run : runs) perIteration[run.benchmark_name()] = run.GetAdjustedRealTime();
-        ConsoleReporter::ReportRuns(runs);
-    }
-    std::map<std::string, double> perIteration;
-};
 
 }  // namespace
 

@@ -37,6 +37,22 @@ void FrmMain::Form_Unload() {
 
 void FrmMain::Form_Paint() { capture_.Form_Paint(); }
 
+void FrmMain::buttonClicked(Ctl button) {
+    switch (button) {
+        case Ctl::cmdStart: return cmdStart_Click();
+        case Ctl::cmdStop: return cmdStop_Click();
+        case Ctl::cmdHelp: return cmdHelp_Click();
+        case Ctl::cmdGetPic: return cmdGetPic_Click();
+        case Ctl::cmdAddtoList: return cmdAddtoList_Click();
+        case Ctl::cmdUpdate: return cmdUpdate_Click();
+        case Ctl::cmdRemove: return cmdRemove_Click();
+        case Ctl::cmdClearTrackList: return cmdClearTrackList_Click();
+        case Ctl::cmdSave: return cmdSave_Click();
+        case Ctl::cmdLoad: return cmdLoad_Click();
+        default: return;
+    }
+}
+
 void FrmMain::timerTick(TimerId timer) {
     switch (timer) {
         case TimerId::tmrCount: return tmrCount_Timer();

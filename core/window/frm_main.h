@@ -49,6 +49,8 @@ public:
     void tmrLoop_Timer() { runs_.tmrLoop_Timer(); }
     // A tick of one of the window's timers, handed to the timer's reaction.
     void timerTick(TimerId timer);
+    // A press of one of the window's buttons, handed to the button's reaction.
+    void buttonClicked(Ctl button);
 
     void timer_Timer() { help_.timer_Timer(); }
     void cmdHelp_Click() { help_.cmdHelp_Click(); }

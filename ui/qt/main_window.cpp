@@ -239,21 +239,7 @@ void MainWindow::connectControl(const ControlLayout& layout, QWidget* widget) {
     }
 }
 
-void MainWindow::pressButton(Ctl id) {
-    switch (id) {
-        case Ctl::cmdStart: return frm_.cmdStart_Click();
-        case Ctl::cmdStop: return frm_.cmdStop_Click();
-        case Ctl::cmdHelp: return frm_.cmdHelp_Click();
-        case Ctl::cmdGetPic: return frm_.cmdGetPic_Click();
-        case Ctl::cmdAddtoList: return frm_.cmdAddtoList_Click();
-        case Ctl::cmdUpdate: return frm_.cmdUpdate_Click();
-        case Ctl::cmdRemove: return frm_.cmdRemove_Click();
-        case Ctl::cmdClearTrackList: return frm_.cmdClearTrackList_Click();
-        case Ctl::cmdSave: return frm_.cmdSave_Click();
-        case Ctl::cmdLoad: return frm_.cmdLoad_Click();
-        default: return;
-    }
-}
+void MainWindow::pressButton(Ctl id) { frm_.buttonClicked(id); }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Expose && watched == windowHandle() && windowHandle()->isExposed())

@@ -232,21 +232,7 @@ LRESULT MainWindow::onControlColour(UINT message, WPARAM wParam, LPARAM lParam) 
     }
 }
 
-void MainWindow::pressButton(Ctl id) {
-    switch (id) {
-        case Ctl::cmdStart: return frm_.cmdStart_Click();
-        case Ctl::cmdStop: return frm_.cmdStop_Click();
-        case Ctl::cmdHelp: return frm_.cmdHelp_Click();
-        case Ctl::cmdGetPic: return frm_.cmdGetPic_Click();
-        case Ctl::cmdAddtoList: return frm_.cmdAddtoList_Click();
-        case Ctl::cmdUpdate: return frm_.cmdUpdate_Click();
-        case Ctl::cmdRemove: return frm_.cmdRemove_Click();
-        case Ctl::cmdClearTrackList: return frm_.cmdClearTrackList_Click();
-        case Ctl::cmdSave: return frm_.cmdSave_Click();
-        case Ctl::cmdLoad: return frm_.cmdLoad_Click();
-        default: return;
-    }
-}
+void MainWindow::pressButton(Ctl id) { frm_.buttonClicked(id); }
 
 void MainWindow::controlChanged(Ctl id) {
     HWND hwnd = control(id);
