@@ -92,17 +92,18 @@ bool LineReader::take(std::string_view& line, bool text) {
     return true;
 }
 
+// One pass over the digits and the line end, straight in the buffer.
 std::optional<std::int32_t> LineReader::nextPlainInteger() {
     if (tooLong_) return std::nullopt;
     if (end_ - begin_ < 16) fill();
-    // A plain integer line is at most 11 characters before its line end.
-    const char* first = buffer_.data() + begin_;
-    const char* lf = static_cast<const char*>(std::memchr(first, '\n', std::min<std::size_t>(end_ - begin_, 13)));
-    if (!lf) return std::nullopt;
-    const bool crLf = lf > first && lf[-1] == '\r';
-    const auto value = parsePlainInteger(std::string_view(first, static_cast<std::size_t>(lf - first) - (crLf ? 1 : 0)));
+    const char* at = buffer_.data() + begin_;
+    const char* const end = buffer_.data() + end_;
+    const auto value = takePlainInteger(at, end);
     if (!value) return std::nullopt;
-    begin_ = static_cast<std::size_t>(lf + 1 - buffer_.data());
+    const bool crLf = at < end && *at == '\r';
+    at += crLf ? 1 : 0;
+    if (at == end || *at != '\n') return std::nullopt;
+    begin_ = static_cast<std::size_t>(at + 1 - buffer_.data());
     crLfLines_ = crLf;
     return value;
 }
