@@ -1,60 +1,29 @@
 #include <gtest/gtest.h>
 
 #include "recording_window.h"
-#include "support/fake_platform.h"
-#include "window/frm_main.h"
-#include "x11/x11_desktop.h"
-#include "x11/x11_screen_reader.h"
+#include "x11_window.h"
 
 namespace quorlin::testing {
 namespace {
 
-// The whole window over the real X11 back end; only time is virtual.
-struct X11Window {
-    x11::X11Connection connection;
-    x11::X11Desktop desktop{connection};
-    x11::X11ScreenReader screen{connection};
-    VirtualClock clock;
-    FakeDialogs dialogs;
-    ScriptedRandom random;
-    FrmMain frm{Ports{desktop, screen, clock, clock, dialogs, random}};
+using Presses = std::vector<std::tuple<unsigned, int, int>>;
 
-    X11Window() {
-        clock.onTick = [this](TimerId id) { frm.timerTick(id); };
-        frm.Form_Load(0);
-        frm.selectOption(Ctl::optApplication);
-    }
-};
-
-std::vector<std::pair<int, int>> pressesAt(const std::vector<XEvent>& events) {
-    std::vector<std::pair<int, int>> at;
+Presses pressesOf(const std::vector<XEvent>& events) {
+    Presses at;
     for (const XEvent& e : events)
-        if (e.type == ButtonPress) at.emplace_back(e.xbutton.x, e.xbutton.y);
+        if (e.type == ButtonPress) at.emplace_back(e.xbutton.button, e.xbutton.x, e.xbutton.y);
     return at;
 }
 
 TEST(EndToEnd, AManualRunClicksAndTypesIntoARealWindow) {
     RecordingWindow target(300, 200, 100, 100);
     X11Window w;
-    w.frm.setText(Ctl::txtX, "310");
-    w.frm.setText(Ctl::txtY, "220");
     w.frm.setText(Ctl::txtCount, "2");
     w.frm.setCheck(Ctl::chkText, 1);
     w.frm.setText(Ctl::txtText, "ok\r\n");
-    w.frm.cmdStart_Click();
-    w.clock.advanceBy(10'000);
-    const auto& events = target.receive(2 * (2 + 2 * 3));
-    EXPECT_EQ(pressesAt(events), (std::vector<std::pair<int, int>>{{10, 20}, {10, 20}}));
+    w.runAt({310, 220});
+    EXPECT_EQ(pressesOf(target.receive(2 * (2 + 2 * 3))), (Presses{{1, 10, 20}, {1, 10, 20}}));
     EXPECT_EQ(target.typed(), "ok\rok\r");
-}
-
-TEST(EndToEnd, TheReadoutShowsWhereTheRealPointerIs) {
-    X11Window w;
-    XWarpPointer(w.connection.display(), None, w.connection.root(), 0, 0, 0, 0, 123, 45);
-    XSync(w.connection.display(), False);
-    w.frm.timerTick(TimerId::timer);
-    EXPECT_EQ(w.frm.form().text(Ctl::lblXPos), "123");
-    EXPECT_EQ(w.frm.form().text(Ctl::lblYPos), "45");
 }
 
 TEST(EndToEnd, ATrackListPlaysItsStepsAgainstRealWindows) {
@@ -70,14 +39,8 @@ TEST(EndToEnd, ATrackListPlaysItsStepsAgainstRealWindows) {
     w.frm.model().vFirstRowUsed = true;
     w.frm.selectOption(Ctl::optFromTrack);
     w.frm.cmdStart_Click();
-
-    const auto& a = first.receive(4);
-    const auto& b = second.receive(2);
-    EXPECT_EQ(pressesAt(a), (std::vector<std::pair<int, int>>{{5, 10}, {5, 10}}));
-    ASSERT_EQ(b.size(), 2u);
-    EXPECT_EQ(b[0].xbutton.button, 3u);
-    EXPECT_EQ(b[0].xbutton.x, 40);
-    EXPECT_EQ(b[0].xbutton.y, 40);
+    EXPECT_EQ(pressesOf(first.receive(4)), (Presses{{1, 5, 10}, {1, 5, 10}}));
+    EXPECT_EQ(pressesOf(second.receive(2)), (Presses{{3, 40, 40}}));
     EXPECT_EQ(w.clock.now, 3000);
 }
 

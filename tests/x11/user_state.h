@@ -3,6 +3,7 @@
 #include <X11/Xlib.h>
 
 #include <algorithm>
+#include <iterator>
 #include <vector>
 
 #include "ports/desktop.h"
@@ -38,12 +39,13 @@ struct UserState {
     }
     // The windows that are there before and after are stacked in the same order.
     bool stackedAs(const UserState& before) const {
-        std::vector<Window> kept, still;
-        for (Window w : stacking)
-            if (std::find(before.stacking.begin(), before.stacking.end(), w) != before.stacking.end()) kept.push_back(w);
-        for (Window w : before.stacking)
-            if (std::find(stacking.begin(), stacking.end(), w) != stacking.end()) still.push_back(w);
-        return kept == still;
+        return kept(stacking, before.stacking) == kept(before.stacking, stacking);
+    }
+    static std::vector<Window> kept(const std::vector<Window>& order, const std::vector<Window>& others) {
+        std::vector<Window> both;
+        std::copy_if(order.begin(), order.end(), std::back_inserter(both),
+                     [&](Window w) { return std::find(others.begin(), others.end(), w) != others.end(); });
+        return both;
     }
 };
 
