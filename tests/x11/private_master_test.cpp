@@ -19,9 +19,8 @@ bool hasMaster(Display* d, const std::string& name) {
     return found;
 }
 
-void addMaster(Display* d, const std::string& name) {
-    std::string copy = name;
-    XIAddMasterInfo add{XIAddMaster, copy.data(), False, True};
+void addMaster(Display* d, std::string name) {
+    XIAddMasterInfo add{XIAddMaster, name.data(), False, True};
     XIChangeHierarchy(d, reinterpret_cast<XIAnyHierarchyChangeInfo*>(&add), 1);
     XSync(d, False);
 }

@@ -54,10 +54,8 @@ public:
     std::string typed() {
         std::string text;
         for (XEvent& e : events_) {
-            if (e.type != KeyPress) continue;
             char buffer[8];
-            KeySym sym = NoSymbol;
-            int n = XLookupString(&e.xkey, buffer, sizeof buffer, &sym, nullptr);
+            const int n = e.type == KeyPress ? XLookupString(&e.xkey, buffer, sizeof buffer, nullptr, nullptr) : 0;
             text.append(buffer, static_cast<std::size_t>(n));
         }
         return text;

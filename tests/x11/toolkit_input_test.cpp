@@ -2,17 +2,94 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <map>
 #include <memory>
+#include <sstream>
 #include <thread>
 
 #include "private_display.h"
 #include "run/window_messages.h"
-#include "target_app.h"
-#include "user_state.h"
 #include "x11/x11_desktop.h"
 
 namespace quorlin::testing {
 namespace {
+
+// A program started by the test that reports on its standard output, one line each,
+// where its controls are ("at button 310 245") and what happened to it ("clicked").
+class TargetApp : public ChildProcess {
+public:
+    explicit TargetApp(std::vector<std::string> argv) : ChildProcess(std::move(argv)) {
+        while (auto line = nextLine(std::chrono::seconds(20))) {
+            if (*line == "ready") break;
+            std::istringstream words(*line);
+            std::string at, name;
+            ScreenPoint p;
+            if (words >> at >> name >> p.x >> p.y && at == "at") places_[name] = p;
+        }
+    }
+
+    bool ready() const { return places_.count("button") > 0; }
+    bool has(const std::string& name) const { return places_.count(name) > 0; }
+    ScreenPoint at(const std::string& name) const { return places_.at(name); }
+
+    // The lines that arrive until `count` have come (then a little longer, to catch any
+    // extra ones) or the time is up.
+    std::vector<std::string> lines(std::size_t count, int timeoutMs = 3000) {
+        using namespace std::chrono;
+        std::vector<std::string> got;
+        auto until = steady_clock::now() + milliseconds(timeoutMs);
+        for (bool extended = false; steady_clock::now() < until;) {
+            if (got.size() >= count && !extended) until = steady_clock::now() + milliseconds(250), extended = true;
+            if (auto line = nextLine(milliseconds(20))) got.push_back(*line);
+        }
+        return got;
+    }
+
+private:
+    std::map<std::string, ScreenPoint> places_;
+};
+
+// What a step must leave as it was: the user's pointer position, the real keyboard
+// focus and the server's keyboard map.
+struct UserState {
+    ScreenPoint pointer;
+    Window focus = None;
+    std::vector<KeySym> keymap;
+    std::vector<Window> stacking;  // the root's children, bottom first
+
+    static UserState of(Display* d) {
+        UserState s;
+        Window root = None, child = None;
+        int wx = 0, wy = 0, revert = 0;
+        unsigned int mask = 0;
+        XQueryPointer(d, DefaultRootWindow(d), &root, &child, &s.pointer.x, &s.pointer.y, &wx, &wy, &mask);
+        XGetInputFocus(d, &s.focus, &revert);
+        int minCode = 0, maxCode = 0, perCode = 0;
+        XDisplayKeycodes(d, &minCode, &maxCode);
+        KeySym* map = XGetKeyboardMapping(d, static_cast<KeyCode>(minCode), maxCode - minCode + 1, &perCode);
+        s.keymap.assign(map, map + (maxCode - minCode + 1) * perCode);
+        XFree(map);
+        Window parent = None, *children = nullptr;
+        unsigned int count = 0;
+        XQueryTree(d, root, &root, &parent, &children, &count);
+        s.stacking.assign(children, children + count);
+        if (children) XFree(children);
+        return s;
+    }
+    // The windows that are there before and after are stacked in the same order.
+    bool stackedAs(const UserState& before) const {
+        return kept(stacking, before.stacking) == kept(before.stacking, stacking);
+    }
+    static std::vector<Window> kept(const std::vector<Window>& order, const std::vector<Window>& others) {
+        std::vector<Window> both;
+        std::copy_if(order.begin(), order.end(), std::back_inserter(both),
+                     [&](Window w) { return std::find(others.begin(), others.end(), w) != others.end(); });
+        return both;
+    }
+};
 
 using namespace wm;
 using x11::X11Connection;
@@ -25,23 +102,20 @@ enum class Action { Click, WebClick, DBClick, RightClick, Typing };
 void post(X11Desktop& desktop, ScreenPoint at, Action action, const std::string& text = "") {
     const WindowHandle target = desktop.windowFromPoint(at);
     const ScreenPoint client = desktop.screenToClient(target, at);
-    const std::uint32_t lParam = mouseLParam(client.x, client.y);
-    if (action == Action::RightClick) {
-        desktop.postMessage(target, WM_RBUTTONDOWN, MK_RBUTTON, lParam);
-        desktop.postMessage(target, WM_RBUTTONUP, 0, lParam);
-        return;
-    }
-    desktop.postMessage(target, WM_LBUTTONDOWN, MK_LBUTTON, lParam);
-    desktop.postMessage(target, WM_LBUTTONUP, 0, lParam);
+    const auto send = [&](std::uint32_t code, std::uint32_t wParam, std::uint32_t lParam) {
+        desktop.postMessage(target, code, wParam, lParam);
+    };
+    const std::uint32_t where = mouseLParam(client.x, client.y);
+    const bool right = action == Action::RightClick;
+    send(right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? MK_RBUTTON : MK_LBUTTON, where);
+    send(right ? WM_RBUTTONUP : WM_LBUTTONUP, 0, where);
     if (action == Action::WebClick) std::this_thread::sleep_for(std::chrono::milliseconds(150));
     if (action == Action::DBClick || action == Action::WebClick) {
-        desktop.postMessage(target, action == Action::DBClick ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, MK_LBUTTON, lParam);
-        desktop.postMessage(target, WM_LBUTTONUP, 0, lParam);
+        send(action == Action::DBClick ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, MK_LBUTTON, where);
+        send(WM_LBUTTONUP, 0, where);
     }
     for (unsigned char c : text) {
-        desktop.postMessage(target, WM_KEYDOWN, static_cast<std::uint32_t>(c - 32), kKeyLParam);
-        desktop.postMessage(target, WM_CHAR, c, kKeyLParam);
-        desktop.postMessage(target, WM_KEYUP, static_cast<std::uint32_t>(c - 32), kKeyLParam);
+        send(WM_KEYDOWN, c - 32u, kKeyLParam), send(WM_CHAR, c, kKeyLParam), send(WM_KEYUP, c - 32u, kKeyLParam);
     }
 }
 
@@ -54,24 +128,26 @@ std::string titleOf(Display* d, Window w) {
 }
 
 struct Target {
-    std::vector<std::string> argv;
-    std::string program;  // what must be installed; the case is skipped without it
+    std::vector<std::string> argv;  // a wrapper script's last argument names the client it starts
     bool freshEachCase = false;  // the client ends after one click, and the focus moves on
     // Qt asks the window manager to activate its window when it is clicked outside the focus.
     bool activatesItself = false;
+
+    // What must be installed; the case is skipped without it.
+    std::string program() const { return argv.size() > 2 ? "/usr/bin/" + argv.back() : argv.front(); }
 };
 
 const std::map<std::string, Target>& targets() {
     static const std::string dir = QUORLIN_TEST_TARGETS "/", python = "/usr/bin/python3";
     static const std::map<std::string, Target> all{
-        {"gtk", {{python, dir + "gtk_target.py"}, python}},
-        {"tk", {{"wish", dir + "tk_target.tcl"}, "/usr/bin/wish"}},
-        {"qt", {{QUORLIN_QT_TARGET}, QUORLIN_QT_TARGET, false, true}},
-        {"xterm", {{python, dir + "x_client_target.py", "xterm"}, "/usr/bin/xterm"}},
-        {"xev", {{python, dir + "x_client_target.py", "xev"}, "/usr/bin/xev"}},
-        {"xaw", {{python, dir + "x_client_target.py", "xmessage"}, "/usr/bin/xmessage", true}},
-        {"firefox", {{python, dir + "browser_target.py", "firefox-esr"}, "/usr/bin/firefox-esr"}},
-        {"chromium", {{python, dir + "browser_target.py", "chromium"}, "/usr/bin/chromium"}},
+        {"gtk", {{python, dir + "gtk_target.py"}}},
+        {"tk", {{"/usr/bin/wish", dir + "tk_target.tcl"}}},
+        {"qt", {{QUORLIN_QT_TARGET}, false, true}},
+        {"xterm", {{python, dir + "x_client_target.py", "xterm"}}},
+        {"xev", {{python, dir + "x_client_target.py", "xev"}}},
+        {"xaw", {{python, dir + "x_client_target.py", "xmessage"}, true}},
+        {"firefox", {{python, dir + "browser_target.py", "firefox-esr"}}},
+        {"chromium", {{python, dir + "browser_target.py", "chromium"}}},
     };
     return all;
 }
@@ -86,8 +162,8 @@ struct Case {
 };
 
 std::string nameOf(const ::testing::TestParamInfo<Case>& info) {
-    const char* actions[] = {"Click", "WebClick", "DBClick", "RightClick", "Typing"};
-    return std::string(info.param.target) + actions[static_cast<int>(info.param.action)];
+    return std::string(info.param.target) +
+           std::array{"Click", "WebClick", "DBClick", "RightClick", "Typing"}[static_cast<int>(info.param.action)];
 }
 
 // The targets run on a display of the suite's own under a real window manager; each
@@ -130,7 +206,7 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
     const Case& c = GetParam();
     const Target& t = targets().at(c.target);
     ASSERT_TRUE(desk->managed) << "openbox did not start";
-    if (access(t.program.c_str(), X_OK) != 0) GTEST_SKIP() << t.program << " is not installed";
+    if (access(t.program().c_str(), X_OK) != 0) GTEST_SKIP() << t.program() << " is not installed";
     if (c.knownGap) GTEST_SKIP() << c.knownGap;
     TargetApp& app = desk->app(c.target);
     ASSERT_TRUE(app.ready()) << c.target << " window did not come up";
