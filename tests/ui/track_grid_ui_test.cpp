@@ -72,16 +72,10 @@ TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
     EXPECT_EQ(ui.xOf(2), "99");
     EXPECT_EQ(ui.xOf(3), "4") << "the highlighted entry 3 is the one removed";
     EXPECT_EQ(ui.highlighted(), 3) << "the last row is current after removing";
-}
 
-TEST(TrackGridUi, NoRowIsHighlightedWhileNoEntryIsSelected) {
-    GridWindow ui(2);
     ui.click(Ctl::cmdClearTrackList);
-    GridWindow fresh(0);
-    for (GridWindow* window : {&ui, &fresh}) {
-        EXPECT_EQ(window->highlighted(), 0);
-        EXPECT_EQ(window->table->currentRow(), -1);
-    }
+    EXPECT_EQ(ui.highlighted(), 0) << "no row is highlighted while no entry is selected";
+    EXPECT_EQ(ui.table->currentRow(), -1);
 }
 
 // The header row is the first thing in the grid's box however its rows are scrolled.
@@ -112,11 +106,12 @@ TEST(TrackGridUi, TheHeaderStaysInViewWithThirtyEntriesAndAfterALoad) {
 
 TEST(TrackGridUi, EveryCellShowsItsWholeTextAsAToolTip) {
     GridWindow ui(0);
+    EXPECT_EQ(ui.highlighted(), 0) << "no row is highlighted in a fresh window";
+    EXPECT_EQ(ui.table->currentRow(), -1);
     ui.click(Ctl::optRightClick);
     ui.click(Ctl::chkText);
     QTest::keyClicks(ui.window.widgetFor(Ctl::txtText), "a long text to type");
-    ui.typeInto(Ctl::txtX, "1");
-    ui.typeInto(Ctl::txtY, "1");
+    ui.typeInto({{Ctl::txtX, "1"}, {Ctl::txtY, "1"}});
     ui.click(Ctl::cmdAddtoList);
     EXPECT_EQ(ui.table->item(0, colType)->toolTip(), "RightClick");
     EXPECT_EQ(ui.table->item(0, colText)->toolTip(), "a long text to type");

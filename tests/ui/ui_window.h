@@ -40,6 +40,9 @@ struct UiWindow {
         edit->selectAll();
         QTest::keyClicks(edit, text);
     }
+    void typeInto(std::initializer_list<std::pair<Ctl, const char*>> fields) {
+        for (auto [id, text] : fields) typeInto(id, text);
+    }
     void waitUntil(const std::function<bool()>& done, int ms) {
         QElapsedTimer clock;
         clock.start();

@@ -3,12 +3,11 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 
-#include <chrono>
-#include <cstdlib>
 #include <stdexcept>
 #include <string>
-#include <thread>
 #include <vector>
+
+#include "eventually.h"
 
 namespace quorlin::testing {
 
@@ -27,7 +26,7 @@ public:
                                 CWOverrideRedirect | CWBackPixel | CWEventMask, &a);
         XMapRaised(d_, window_);
         XSync(d_, False);
-        waitFor(Expose, 1);
+        eventually([this] { return pump(), exposed_; }, std::chrono::seconds(2));
         events_.clear();
     }
     ~RecordingWindow() {
@@ -47,15 +46,7 @@ public:
 
     // Collects events until `count` input events have arrived or the time is up.
     const std::vector<XEvent>& receive(std::size_t count, int timeoutMs = 2000) {
-        auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeoutMs);
-        while (events_.size() < count && std::chrono::steady_clock::now() < until) {
-            while (XPending(d_)) {
-                XEvent e;
-                XNextEvent(d_, &e);
-                if (e.type != Expose) events_.push_back(e);
-            }
-            if (events_.size() < count) std::this_thread::sleep_for(std::chrono::milliseconds(2));
-        }
+        eventually([&] { return pump(), events_.size() >= count; }, std::chrono::milliseconds(timeoutMs));
         return events_;
     }
 
@@ -63,32 +54,26 @@ public:
     std::string typed() {
         std::string text;
         for (XEvent& e : events_) {
-            if (e.type != KeyPress) continue;
             char buffer[8];
-            KeySym sym = NoSymbol;
-            int n = XLookupString(&e.xkey, buffer, sizeof buffer, &sym, nullptr);
+            const int n = e.type == KeyPress ? XLookupString(&e.xkey, buffer, sizeof buffer, nullptr, nullptr) : 0;
             text.append(buffer, static_cast<std::size_t>(n));
         }
         return text;
     }
 
 private:
-    void waitFor(int type, int count) {
-        auto until = std::chrono::steady_clock::now() + std::chrono::seconds(2);
-        int seen = 0;
-        while (seen < count && std::chrono::steady_clock::now() < until) {
-            while (XPending(d_)) {
-                XEvent e;
-                XNextEvent(d_, &e);
-                if (e.type == type) ++seen;
-            }
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+    void pump() {
+        for (XEvent e; XPending(d_);) {
+            XNextEvent(d_, &e);
+            if (e.type == Expose) exposed_ = true;
+            else events_.push_back(e);
         }
     }
 
     Display* d_;
     Window window_ = 0;
     std::vector<XEvent> events_;
+    bool exposed_ = false;
 };
 
 }  // namespace quorlin::testing

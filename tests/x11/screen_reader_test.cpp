@@ -1,14 +1,26 @@
 #include <gtest/gtest.h>
 
 #include <X11/Xutil.h>
+#include <X11/extensions/Xrandr.h>
 
-#include <vector>
+#include <algorithm>
+#include <functional>
 
+#include "private_display.h"
 #include "recording_window.h"
+#include "x11/x11_desktop.h"
 #include "x11/x11_screen_reader.h"
 
 namespace quorlin::testing {
 namespace {
+
+constexpr Colour kWhite = 0xFFFFFF;
+
+std::vector<Colour> read(x11::X11ScreenReader& reader, ScreenRect rect) {
+    std::vector<Colour> out(static_cast<std::size_t>(rect.width()) * rect.height());
+    reader.readRect(rect, out);
+    return out;
+}
 
 // A one-pixel read of the root, converted the plain way, to hold the bulk read against.
 Colour singlePixel(Display* d, int x, int y) {
@@ -18,55 +30,138 @@ Colour singlePixel(Display* d, int x, int y) {
     return static_cast<Colour>(((p >> 16) & 0xFF) | (p & 0xFF00) | ((p & 0xFF) << 16));
 }
 
-class ScreenReaderTest : public ::testing::Test {
-protected:
+TEST(ScreenReader, TheBulkReadEqualsOnePixelReadsWithRedInTheLowByteAndOffScreenAsMinusOne) {
     x11::X11Connection connection;
     x11::X11ScreenReader reader{connection};
     RecordingWindow canvas{600, 400, 40, 10};
-
-    void SetUp() override {
-        Display* d = canvas.display();
-        GC gc = XCreateGC(d, canvas.id(), 0, nullptr);
-        const unsigned long colours[] = {0xFF0000, 0x00FF00, 0x0000FF, 0x123456};  // 0x00RRGGBB on the server
-        for (int i = 0; i < 4; ++i) {
-            XSetForeground(d, gc, colours[i]);
-            XFillRectangle(d, canvas.id(), gc, i * 10, 0, 10, 10);
-        }
-        XFreeGC(d, gc);
-        XSync(d, False);
+    Display* d = canvas.display();
+    GC gc = XCreateGC(d, canvas.id(), 0, nullptr);
+    const unsigned long colours[] = {0xFF0000, 0x00FF00, 0x0000FF, 0x123456};  // 0x00RRGGBB on the server
+    for (int i = 0; i < 4; ++i) {
+        XSetForeground(d, gc, colours[i]);
+        XFillRectangle(d, canvas.id(), gc, i * 10, 0, 10, 10);
     }
-    std::vector<Colour> read(ScreenRect rect) {
-        std::vector<Colour> out(static_cast<std::size_t>(rect.width()) * rect.height());
-        reader.readRect(rect, out);
-        return out;
-    }
-};
+    XFreeGC(d, gc);
+    XSync(d, False);
 
-TEST_F(ScreenReaderTest, ColoursComeAsBlueGreenRedWithRedInTheLowByte) {
-    auto pixels = read({605, 405, 635, 405});
-    EXPECT_EQ(pixels[0], 0x0000FF);    // red
-    EXPECT_EQ(pixels[10], 0x00FF00);   // green
-    EXPECT_EQ(pixels[20], 0xFF0000);   // blue
-    EXPECT_EQ(pixels[30], 0x563412);
-}
+    const ScreenRect rect{595, 398, 645, 412};
+    auto pixels = read(reader, rect);
+    EXPECT_EQ(pixels[2 * rect.width() + 40], 0x563412);  // 0x123456 on the server
+    std::size_t i = 0;
+    for (int y = rect.top; y <= rect.bottom; ++y)
+        for (int x = rect.left; x <= rect.right; ++x) ASSERT_EQ(pixels[i++], singlePixel(d, x, y));
 
-TEST_F(ScreenReaderTest, PixelsOffTheScreenReadAsMinusOneWithoutAnError) {
     const unsigned long errors = x11::X11Connection::errorCount();
-    auto pixels = read({-2, -1, 1, 0});
-    EXPECT_EQ(pixels, (std::vector<Colour>{-1, -1, -1, -1, -1, -1, singlePixel(connection.display(), 0, 0),
-                                           singlePixel(connection.display(), 1, 0)}));
-    auto beyond = read({1279, 1023, 1281, 1023});
-    EXPECT_EQ(beyond[1], kOffScreen);
-    EXPECT_EQ(beyond[2], kOffScreen);
+    EXPECT_EQ(read(reader, {-2, -1, 1, 0}),
+              (std::vector<Colour>{-1, -1, -1, -1, -1, -1, singlePixel(d, 0, 0), singlePixel(d, 1, 0)}));
     EXPECT_EQ(x11::X11Connection::errorCount(), errors);
 }
 
-TEST_F(ScreenReaderTest, TheBulkReadEqualsOnePixelReads) {
-    const ScreenRect rect{595, 398, 645, 412};
-    auto pixels = read(rect);
-    std::size_t i = 0;
-    for (int y = rect.top; y <= rect.bottom; ++y)
-        for (int x = rect.left; x <= rect.right; ++x) ASSERT_EQ(pixels[i++], singlePixel(connection.display(), x, y));
+// Reshapes the test's own screen the way xrandr does: the one output gets a mode of
+// the new size and the screen follows it.
+void resizeScreen(Display* d, int width, int height) {
+    const Window root = DefaultRootWindow(d);
+    XRRScreenResources* resources = XRRGetScreenResources(d, root);
+    RROutput output = resources->outputs[0];
+    RRMode mode = None;
+    const auto w = static_cast<unsigned>(width), h = static_cast<unsigned>(height);
+    for (int i = 0; i < resources->nmode; ++i)
+        if (resources->modes[i].width == w && resources->modes[i].height == h) mode = resources->modes[i].id;
+    if (mode == None) {
+        std::string name = std::to_string(width) + "x" + std::to_string(height);
+        XRRModeInfo info{0, w, h, 0, 0, 0, w, 0, 0, 0, h, name.data(), static_cast<unsigned>(name.size()), 0};
+        XRRAddOutputMode(d, output, mode = XRRCreateMode(d, root, &info));
+    }
+    XWindowAttributes now;
+    XGetWindowAttributes(d, root, &now);
+    if (width > now.width || height > now.height)
+        XRRSetScreenSize(d, root, std::max(width, now.width), std::max(height, now.height), 300, 240);
+    XRRSetCrtcConfig(d, resources, resources->crtcs[0], CurrentTime, 0, 0, mode, RR_Rotate_0, &output, 1);
+    XRRSetScreenSize(d, root, width, height, 300, 240);
+    XRRFreeScreenResources(resources);
+    XSync(d, False);
+}
+
+class ScreenGeometryTest : public ::testing::Test {
+protected:
+    PrivateDisplay server;
+    Display* d = XOpenDisplay(nullptr);
+
+    ~ScreenGeometryTest() override { XCloseDisplay(d); }
+
+    void setMonitor(const char* name, bool primary, int x, int y, int width, int height) {
+        XRRMonitorInfo monitor{XInternAtom(d, name, False), primary, False, 0, x, y, width, height, width, height, nullptr};
+        XRRSetMonitor(d, DefaultRootWindow(d), &monitor);
+        XSync(d, False);
+    }
+};
+
+TEST_F(ScreenGeometryTest, ReadsAndLookUpsFollowTheScreenAsItShrinksAndGrows) {
+    resizeScreen(d, 1000, 800);  // smaller than the screen will grow to, before the reader starts
+    x11::X11Connection connection;
+    x11::X11Desktop desktop(connection);
+    x11::X11ScreenReader reader(connection);
+    RecordingWindow window(900, 700, 300, 200);
+
+    for (const int width : {1280, 1000, 1280}) {
+        const bool across = width == 1280;  // only the wide screen shows the window beyond x = 1000
+        resizeScreen(d, width, across ? 1024 : 800);
+        std::vector<Colour> row(20, kWhite);
+        if (!across) std::fill(row.begin() + 10, row.end(), kOffScreen);
+        EXPECT_EQ(read(reader, {990, 750, 1009, 750}), row) << width;
+        EXPECT_EQ(read(reader, {1100, 790, 1100, 790}), (std::vector<Colour>{across ? kWhite : kOffScreen})) << width;
+        EXPECT_EQ(desktop.windowFromPoint({1100, 750}), across ? window.id() : 0u) << width;
+    }
+}
+
+// Monitors: a narrow one at the root's left edge, the primary to its right.
+TEST_F(ScreenGeometryTest, ScreenCoordinatesStartAtThePrimaryMonitorForReadoutClicksAndReads) {
+    x11::X11Connection connection;
+    x11::X11Desktop desktop(connection);
+    x11::X11ScreenReader reader(connection);
+    RecordingWindow target(50, 40, 100, 100);
+    const Window root = DefaultRootWindow(d);
+    XWarpPointer(d, None, root, 0, 0, 0, 0, 100, 50);
+    XSync(d, False);
+
+    const auto removeMonitors = [&] {
+        XRRDeleteMonitor(d, root, XInternAtom(d, "left", False));
+        XRRDeleteMonitor(d, root, XInternAtom(d, "right", False));
+        XSync(d, False);
+    };
+    struct Case {
+        const char* layout;
+        std::function<void()> setUp;
+        ScreenPoint cursor;
+    };
+    const Case cases[] = {
+        {"primary right of a 400 pixel monitor",
+         [&] {
+             setMonitor("left", false, 0, 0, 400, 1024);
+             setMonitor("right", true, 400, 0, 880, 1024);
+         },
+         {-300, 50}},
+        {"primary moved right and down",
+         [&] {
+             removeMonitors();
+             setMonitor("right", true, 200, 70, 1080, 954);
+         },
+         {-100, -20}},
+        {"no primary", removeMonitors, {100, 50}}};
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.layout);
+        c.setUp();
+        const ScreenPoint at = desktop.cursorPos();
+        EXPECT_EQ(at, c.cursor);
+        // The point the readout shows is the point that clicks and reads there.
+        EXPECT_EQ(desktop.windowFromPoint(at), target.id());
+        EXPECT_EQ(desktop.screenToClient(target.id(), at), (ScreenPoint{50, 10}));
+        EXPECT_EQ(read(reader, {at.x, at.y, at.x, at.y}), std::vector<Colour>{kWhite});
+        const ScreenPoint rootOrigin{at.x - 100, at.y - 50};
+        EXPECT_EQ(read(reader, {rootOrigin.x - 1, rootOrigin.y, rootOrigin.x - 1, rootOrigin.y}),
+                  std::vector<Colour>{kOffScreen});
+        EXPECT_EQ(desktop.windowFromPoint({rootOrigin.x - 1, at.y}), 0u);
+    }
 }
 
 }  // namespace

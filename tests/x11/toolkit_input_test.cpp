@@ -1,19 +1,95 @@
 #include <gtest/gtest.h>
 
-#include <X11/Xatom.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <map>
 #include <memory>
+#include <sstream>
 #include <thread>
 
 #include "private_display.h"
 #include "run/window_messages.h"
-#include "target_app.h"
-#include "user_state.h"
 #include "x11/x11_desktop.h"
 
 namespace quorlin::testing {
 namespace {
+
+// A program started by the test that reports on its standard output, one line each,
+// where its controls are ("at button 310 245") and what happened to it ("clicked").
+class TargetApp : public ChildProcess {
+public:
+    explicit TargetApp(std::vector<std::string> argv) : ChildProcess(std::move(argv)) {
+        while (auto line = nextLine(std::chrono::seconds(20))) {
+            if (*line == "ready") break;
+            std::istringstream words(*line);
+            std::string at, name;
+            ScreenPoint p;
+            if (words >> at >> name >> p.x >> p.y && at == "at") places_[name] = p;
+        }
+    }
+
+    bool ready() const { return places_.count("button") > 0; }
+    bool has(const std::string& name) const { return places_.count(name) > 0; }
+    ScreenPoint at(const std::string& name) const { return places_.at(name); }
+
+    // The lines that arrive until `count` have come (then a little longer, to catch any
+    // extra ones) or the time is up.
+    std::vector<std::string> lines(std::size_t count, int timeoutMs = 3000) {
+        using namespace std::chrono;
+        std::vector<std::string> got;
+        auto until = steady_clock::now() + milliseconds(timeoutMs);
+        for (bool extended = false; steady_clock::now() < until;) {
+            if (got.size() >= count && !extended) until = steady_clock::now() + milliseconds(250), extended = true;
+            if (auto line = nextLine(milliseconds(20))) got.push_back(*line);
+        }
+        return got;
+    }
+
+private:
+    std::map<std::string, ScreenPoint> places_;
+};
+
+// What a step must leave as it was: the user's pointer position, the real keyboard
+// focus and the server's keyboard map.
+struct UserState {
+    ScreenPoint pointer;
+    Window focus = None;
+    std::vector<KeySym> keymap;
+    std::vector<Window> stacking;  // the root's children, bottom first
+
+    static UserState of(Display* d) {
+        UserState s;
+        Window root = None, child = None;
+        int wx = 0, wy = 0, revert = 0;
+        unsigned int mask = 0;
+        XQueryPointer(d, DefaultRootWindow(d), &root, &child, &s.pointer.x, &s.pointer.y, &wx, &wy, &mask);
+        XGetInputFocus(d, &s.focus, &revert);
+        int minCode = 0, maxCode = 0, perCode = 0;
+        XDisplayKeycodes(d, &minCode, &maxCode);
+        KeySym* map = XGetKeyboardMapping(d, static_cast<KeyCode>(minCode), maxCode - minCode + 1, &perCode);
+        s.keymap.assign(map, map + (maxCode - minCode + 1) * perCode);
+        XFree(map);
+        Window parent = None, *children = nullptr;
+        unsigned int count = 0;
+        XQueryTree(d, root, &root, &parent, &children, &count);
+        s.stacking.assign(children, children + count);
+        if (children) XFree(children);
+        return s;
+    }
+    // The windows that are there before and after are stacked in the same order.
+    bool stackedAs(const UserState& before) const {
+        return kept(stacking, before.stacking) == kept(before.stacking, stacking);
+    }
+    static std::vector<Window> kept(const std::vector<Window>& order, const std::vector<Window>& others) {
+        std::vector<Window> both;
+        std::copy_if(order.begin(), order.end(), std::back_inserter(both),
+                     [&](Window w) { return std::find(others.begin(), others.end(), w) != others.end(); });
+        return both;
+    }
+};
 
 using namespace wm;
 using x11::X11Connection;
@@ -26,23 +102,20 @@ enum class Action { Click, WebClick, DBClick, RightClick, Typing };
 void post(X11Desktop& desktop, ScreenPoint at, Action action, const std::string& text = "") {
     const WindowHandle target = desktop.windowFromPoint(at);
     const ScreenPoint client = desktop.screenToClient(target, at);
-    const std::uint32_t lParam = mouseLParam(client.x, client.y);
-    if (action == Action::RightClick) {
-        desktop.postMessage(target, WM_RBUTTONDOWN, MK_RBUTTON, lParam);
-        desktop.postMessage(target, WM_RBUTTONUP, 0, lParam);
-        return;
-    }
-    desktop.postMessage(target, WM_LBUTTONDOWN, MK_LBUTTON, lParam);
-    desktop.postMessage(target, WM_LBUTTONUP, 0, lParam);
+    const auto send = [&](std::uint32_t code, std::uint32_t wParam, std::uint32_t lParam) {
+        desktop.postMessage(target, code, wParam, lParam);
+    };
+    const std::uint32_t where = mouseLParam(client.x, client.y);
+    const bool right = action == Action::RightClick;
+    send(right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? MK_RBUTTON : MK_LBUTTON, where);
+    send(right ? WM_RBUTTONUP : WM_LBUTTONUP, 0, where);
     if (action == Action::WebClick) std::this_thread::sleep_for(std::chrono::milliseconds(150));
     if (action == Action::DBClick || action == Action::WebClick) {
-        desktop.postMessage(target, action == Action::DBClick ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, MK_LBUTTON, lParam);
-        desktop.postMessage(target, WM_LBUTTONUP, 0, lParam);
+        send(action == Action::DBClick ? WM_LBUTTONDBLCLK : WM_LBUTTONDOWN, MK_LBUTTON, where);
+        send(WM_LBUTTONUP, 0, where);
     }
     for (unsigned char c : text) {
-        desktop.postMessage(target, WM_KEYDOWN, static_cast<std::uint32_t>(c - 32), kKeyLParam);
-        desktop.postMessage(target, WM_CHAR, c, kKeyLParam);
-        desktop.postMessage(target, WM_KEYUP, static_cast<std::uint32_t>(c - 32), kKeyLParam);
+        send(WM_KEYDOWN, c - 32u, kKeyLParam), send(WM_CHAR, c, kKeyLParam), send(WM_KEYUP, c - 32u, kKeyLParam);
     }
 }
 
@@ -55,33 +128,28 @@ std::string titleOf(Display* d, Window w) {
 }
 
 struct Target {
-    std::vector<std::string> argv;
-    const char* program;  // what must be installed; the case is skipped without it
+    std::vector<std::string> argv;  // a wrapper script's last argument names the client it starts
     bool freshEachCase = false;  // the client ends after one click, and the focus moves on
     // Qt asks the window manager to activate its window when it is clicked outside the focus.
     bool activatesItself = false;
+
+    // What must be installed; the case is skipped without it.
+    std::string program() const { return argv.size() > 2 ? "/usr/bin/" + argv.back() : argv.front(); }
 };
 
 const std::map<std::string, Target>& targets() {
-    static const std::string script = QUORLIN_TEST_TARGETS "/x_client_target.py";
+    static const std::string dir = QUORLIN_TEST_TARGETS "/", python = "/usr/bin/python3";
     static const std::map<std::string, Target> all{
-        {"gtk", {{"/usr/bin/python3", QUORLIN_TEST_TARGETS "/gtk_target.py"}, "/usr/bin/python3"}},
-        {"tk", {{"wish", QUORLIN_TEST_TARGETS "/tk_target.tcl"}, "wish"}},
-        {"qt", {{QUORLIN_QT_TARGET}, QUORLIN_QT_TARGET, false, true}},
-        {"xterm", {{"/usr/bin/python3", script, "xterm"}, "xterm"}},
-        {"xev", {{"/usr/bin/python3", script, "xev"}, "xev"}},
-        {"xaw", {{"/usr/bin/python3", script, "xmessage"}, "xmessage", true}},
-        {"firefox", {{"/usr/bin/python3", QUORLIN_TEST_TARGETS "/browser_target.py", "firefox-esr"}, "firefox-esr"}},
-        {"chromium", {{"/usr/bin/python3", QUORLIN_TEST_TARGETS "/browser_target.py", "chromium"}, "chromium"}},
+        {"gtk", {{python, dir + "gtk_target.py"}}},
+        {"tk", {{"/usr/bin/wish", dir + "tk_target.tcl"}}},
+        {"qt", {{QUORLIN_QT_TARGET}, false, true}},
+        {"xterm", {{python, dir + "x_client_target.py", "xterm"}}},
+        {"xev", {{python, dir + "x_client_target.py", "xev"}}},
+        {"xaw", {{python, dir + "x_client_target.py", "xmessage"}, true}},
+        {"firefox", {{python, dir + "browser_target.py", "firefox-esr"}}},
+        {"chromium", {{python, dir + "browser_target.py", "chromium"}}},
     };
     return all;
-}
-
-bool installed(const std::string& program) {
-    if (program.find('/') != std::string::npos) return access(program.c_str(), X_OK) == 0;
-    for (const char* dir : {"/usr/bin/", "/usr/local/bin/", "/bin/"})
-        if (access((dir + program).c_str(), X_OK) == 0) return true;
-    return false;
 }
 
 struct Case {
@@ -94,31 +162,29 @@ struct Case {
 };
 
 std::string nameOf(const ::testing::TestParamInfo<Case>& info) {
-    const char* actions[] = {"Click", "WebClick", "DBClick", "RightClick", "Typing"};
-    return std::string(info.param.target) + actions[static_cast<int>(info.param.action)];
+    return std::string(info.param.target) +
+           std::array{"Click", "WebClick", "DBClick", "RightClick", "Typing"}[static_cast<int>(info.param.action)];
 }
 
 // The targets run on a display of the suite's own under a real window manager; each
 // client starts once for all its cases unless it ends after a click.
-class RealClients : public ::testing::TestWithParam<Case> {
-protected:
-    static void SetUpTestSuite() {
-        server = std::make_unique<PrivateDisplay>();
-        connection = std::make_unique<X11Connection>();
-        managed = server->startWindowManager(connection->display());
-        desktop = std::make_unique<X11Desktop>(*connection);
-        Display* d = connection->display();
-        ownWindow = XCreateSimpleWindow(d, DefaultRootWindow(d), 0, 0, 10, 10, 0, 0, 0);
-        XStoreName(d, ownWindow, "Quorlin");
-        desktop->setTopMost(ownWindow, true);
-    }
-    static void TearDownTestSuite() {
-        apps.clear();
-        desktop.reset();
-        connection.reset();
-        server.reset();
-    }
+struct Desk {
+    PrivateDisplay server;
+    X11Connection connection;
+    Display* d = connection.display();
+    bool managed = server.startWindowManager(d);
+    X11Desktop desktop{connection};
+    Window own = XCreateSimpleWindow(d, DefaultRootWindow(d), 0, 0, 10, 10, 0, 0, 0);
+    std::map<std::string, std::unique_ptr<TargetApp>> apps;
+    // The cases stand for a user's separate steps: one case's clicks must not make a
+    // double click with the last case's on the same target.
+    std::string lastTarget;
+    std::chrono::steady_clock::time_point lastEnd;
 
+    Desk() {
+        XStoreName(d, own, "Quorlin");
+        desktop.setTopMost(own, true);
+    }
     TargetApp& app(const std::string& name) {
         const Target& t = targets().at(name);
         auto& slot = apps[name];
@@ -127,62 +193,52 @@ protected:
         std::this_thread::sleep_for(std::chrono::milliseconds(300));  // the window manager focuses a new window
         return *slot;
     }
+};
 
-    static inline std::unique_ptr<PrivateDisplay> server;
-    static inline std::unique_ptr<X11Connection> connection;
-    static inline bool managed = false;
-    static inline std::unique_ptr<X11Desktop> desktop;
-    static inline Window ownWindow = None;
-    static inline std::map<std::string, std::unique_ptr<TargetApp>> apps;
-    // The cases stand for a user's separate steps: one case's clicks must not make a
-    // double click with the last case's on the same target.
-    static inline std::string lastTarget;
-    static inline std::chrono::steady_clock::time_point lastEnd;
+class RealClients : public ::testing::TestWithParam<Case> {
+protected:
+    static void SetUpTestSuite() { desk = std::make_unique<Desk>(); }
+    static void TearDownTestSuite() { desk.reset(); }
+    static inline std::unique_ptr<Desk> desk;
 };
 
 TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapStay) {
     const Case& c = GetParam();
-    ASSERT_TRUE(managed) << "openbox did not start";
-    const char* program = targets().at(c.target).program;
-    if (!installed(program)) GTEST_SKIP() << program << " is not installed";
+    const Target& t = targets().at(c.target);
+    ASSERT_TRUE(desk->managed) << "openbox did not start";
+    if (access(t.program().c_str(), X_OK) != 0) GTEST_SKIP() << t.program() << " is not installed";
     if (c.knownGap) GTEST_SKIP() << c.knownGap;
-    TargetApp& app = this->app(c.target);
+    TargetApp& app = desk->app(c.target);
     ASSERT_TRUE(app.ready()) << c.target << " window did not come up";
-    Display* d = connection->display();
-    const Window own = ownWindow;
-    if (c.target == lastTarget) std::this_thread::sleep_until(lastEnd + std::chrono::milliseconds(600));
+    Display* d = desk->d;
+    if (c.target == desk->lastTarget) std::this_thread::sleep_until(desk->lastEnd + std::chrono::milliseconds(600));
     const UserState before = UserState::of(d);
     switch (c.action) {
         case Action::Typing:
-            post(*desktop, app.at(app.has("entry") ? "entry" : "button"), Action::Click, "Hello, 1!\xE9\r\n");
+            post(desk->desktop, app.at(app.has("entry") ? "entry" : "button"), Action::Click, "Hello, 1!\xE9\r\n");
             break;
         case Action::Click:
-            post(*desktop, app.at("button"), c.action);
+            post(desk->desktop, app.at("button"), c.action);
             std::this_thread::sleep_for(std::chrono::milliseconds(700));
-            post(*desktop, app.at("button"), c.action);
+            post(desk->desktop, app.at("button"), c.action);
             break;
-        default: post(*desktop, app.at("button"), c.action);
+        default: post(desk->desktop, app.at("button"), c.action);
     }
     EXPECT_EQ(app.lines(c.reaction.size()), c.reaction);
     if (c.notice) {
-        EXPECT_EQ(titleOf(d, own), c.notice);
-        XStoreName(d, own, "Quorlin");
-        post(*desktop, app.at("button"), Action::Click, "again\r");
-        EXPECT_EQ(titleOf(d, own), "Quorlin") << "the notice is given once per target";
+        EXPECT_EQ(titleOf(d, desk->own), c.notice);
+        XStoreName(d, desk->own, "Quorlin");
+        post(desk->desktop, app.at("button"), Action::Click, "again\r");
+        EXPECT_EQ(titleOf(d, desk->own), "Quorlin") << "the notice is given once per target";
         app.lines(1);
     }
-    desktop->finishStep();
-    lastTarget = c.target;
-    lastEnd = std::chrono::steady_clock::now();
+    desk->desktop.finishStep();
+    desk->lastTarget = c.target;
+    desk->lastEnd = std::chrono::steady_clock::now();
     const UserState after = UserState::of(d);
     EXPECT_EQ(after.pointer, before.pointer);
-    const Target& t = targets().at(c.target);
-    if (!t.freshEachCase && !t.activatesItself) {
-        EXPECT_EQ(after.focus, before.focus);
-    }
-    if (!t.activatesItself) {
-        EXPECT_TRUE(after.stackedAs(before)) << "a window was raised or lowered";
-    }
+    if (!t.freshEachCase && !t.activatesItself) { EXPECT_EQ(after.focus, before.focus); }
+    if (!t.activatesItself) { EXPECT_TRUE(after.stackedAs(before)) << "a window was raised or lowered"; }
     EXPECT_TRUE(after.keymap == before.keymap);
 }
 
@@ -194,40 +250,37 @@ const std::vector<std::string> kNothing{};
 const std::vector<std::string> kBrowserDoubleClick{"clicked", "clicked", "double"};
 const std::vector<std::string> kTyped{"text Hello, 1!\xC3\xA9"};
 
+using enum Action;
+
 // Ordered so that one target's cases do not follow each other. xev and xterm know no
 // double click: both presses arrive. xmessage ends at its first click, so its button
 // handler runs once however many clicks follow.
 INSTANTIATE_TEST_SUITE_P(
     Toolkits, RealClients,
-    ::testing::Values(Case{"gtk", Action::Click, kTwoClicks}, Case{"tk", Action::Click, kTwoClicks},
-                      Case{"qt", Action::Click, kTwoClicks}, Case{"xterm", Action::Click, kTwoClicks},
-                      Case{"xev", Action::Click, kTwoClicks}, Case{"gtk", Action::WebClick, kTwoClicks},
-                      Case{"tk", Action::WebClick, kTwoClicks}, Case{"qt", Action::WebClick, kTwoClicks},
-                      Case{"xaw", Action::WebClick, kOneClick}, Case{"gtk", Action::DBClick, kDoubleClick},
-                      Case{"tk", Action::DBClick, kDoubleClick}, Case{"qt", Action::DBClick, kDoubleClick},
-                      Case{"xterm", Action::DBClick, kTwoClicks}, Case{"xev", Action::DBClick, kTwoClicks},
-                      Case{"xaw", Action::DBClick, kOneClick}, Case{"gtk", Action::RightClick, kMenu},
-                      Case{"tk", Action::RightClick, kMenu}, Case{"qt", Action::RightClick, kMenu},
-                      Case{"xterm", Action::RightClick, kMenu}, Case{"xev", Action::RightClick, kMenu},
-                      Case{"xaw", Action::RightClick, kNothing}, Case{"gtk", Action::Typing, kTyped},
-                      Case{"tk", Action::Typing, kTyped}, Case{"qt", Action::Typing, kTyped},
-                      Case{"xterm", Action::Typing, kOneClick, "Quorlin - typing cannot reach \"xterm target\""}),
+    ::testing::Values(Case{"gtk", Click, kTwoClicks}, Case{"tk", Click, kTwoClicks}, Case{"qt", Click, kTwoClicks},
+                      Case{"xterm", Click, kTwoClicks}, Case{"xev", Click, kTwoClicks},
+                      Case{"gtk", WebClick, kTwoClicks}, Case{"tk", WebClick, kTwoClicks},
+                      Case{"qt", WebClick, kTwoClicks}, Case{"xaw", WebClick, kOneClick},
+                      Case{"gtk", DBClick, kDoubleClick}, Case{"tk", DBClick, kDoubleClick},
+                      Case{"qt", DBClick, kDoubleClick}, Case{"xterm", DBClick, kTwoClicks},
+                      Case{"xev", DBClick, kTwoClicks}, Case{"xaw", DBClick, kOneClick},
+                      Case{"gtk", RightClick, kMenu}, Case{"tk", RightClick, kMenu}, Case{"qt", RightClick, kMenu},
+                      Case{"xterm", RightClick, kMenu}, Case{"xev", RightClick, kMenu},
+                      Case{"xaw", RightClick, kNothing}, Case{"gtk", Typing, kTyped}, Case{"tk", Typing, kTyped},
+                      Case{"qt", Typing, kTyped},
+                      Case{"xterm", Typing, kOneClick, "Quorlin - typing cannot reach \"xterm target\""}),
     nameOf);
 
 // A browser's double click is two clicks, then dblclick.
-INSTANTIATE_TEST_SUITE_P(Browsers, RealClients,
-                         ::testing::Values(Case{"firefox", Action::Click, kTwoClicks},
-                                           Case{"firefox", Action::WebClick, kTwoClicks},
-                                           Case{"firefox", Action::DBClick, kBrowserDoubleClick},
-                                           Case{"firefox", Action::RightClick, kMenu},
-                                           Case{"firefox", Action::Typing, kTyped},
-                                           Case{"chromium", Action::Click, kTwoClicks},
-                                           Case{"chromium", Action::WebClick, kTwoClicks, nullptr,
-                                                "Chromium fires dblclick for two pairs 600 ms apart"},
-                                           Case{"chromium", Action::DBClick, kBrowserDoubleClick},
-                                           Case{"chromium", Action::RightClick, kMenu},
-                                           Case{"chromium", Action::Typing, kTyped}),
-                         nameOf);
+INSTANTIATE_TEST_SUITE_P(
+    Browsers, RealClients,
+    ::testing::Values(Case{"firefox", Click, kTwoClicks}, Case{"firefox", WebClick, kTwoClicks},
+                      Case{"firefox", DBClick, kBrowserDoubleClick}, Case{"firefox", RightClick, kMenu},
+                      Case{"firefox", Typing, kTyped}, Case{"chromium", Click, kTwoClicks},
+                      Case{"chromium", WebClick, kTwoClicks, nullptr, "Chromium fires dblclick for two pairs 600 ms apart"},
+                      Case{"chromium", DBClick, kBrowserDoubleClick}, Case{"chromium", RightClick, kMenu},
+                      Case{"chromium", Typing, kTyped}),
+    nameOf);
 
 }  // namespace
 }  // namespace quorlin::testing

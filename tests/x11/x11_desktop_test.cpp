@@ -1,35 +1,33 @@
 #include <gtest/gtest.h>
 
-#include <X11/keysym.h>
-
-#include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <thread>
 
 #include "recording_window.h"
 #include "run/window_messages.h"
-#include "x11/x11_desktop.h"
+#include "x11_window.h"
 
 namespace quorlin::testing {
 namespace {
 
 using namespace wm;
 using x11::X11Connection;
-using x11::X11Desktop;
 
 class X11DesktopTest : public ::testing::Test {
 protected:
     X11Connection connection;
-    X11Desktop desktop{connection};
+    x11::X11Desktop desktop{connection};
 };
 
-TEST_F(X11DesktopTest, ButtonsArriveWithClientAndRootCoordinates) {
-    RecordingWindow target(200, 150, 120, 80);
-    WindowHandle w = desktop.windowFromPoint({230, 170});
+TEST_F(X11DesktopTest, ButtonsGoToTheInnermostWindowWithClientAndRootCoordinates) {
+    RecordingWindow outer(200, 150, 200, 200);
+    RecordingWindow target(20, 10, 120, 80, outer.id());
+    EXPECT_EQ(desktop.windowFromPoint({210, 155}), outer.id());
+    EXPECT_EQ(desktop.windowFromPoint({1270, 1010}), 0u);
+    EXPECT_EQ(desktop.screenToClient(0, {7, 8}), (ScreenPoint{7, 8}));
+    const WindowHandle w = desktop.windowFromPoint({250, 180});
     ASSERT_EQ(w, target.id());
-    ScreenPoint client = desktop.screenToClient(w, {230, 170});
-    EXPECT_EQ(client, (ScreenPoint{30, 20}));
+    EXPECT_EQ(desktop.screenToClient(w, {250, 180}), (ScreenPoint{30, 20}));
 
     desktop.postMessage(w, WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(30, 20));
     desktop.postMessage(w, WM_LBUTTONUP, 0, mouseLParam(30, 20));
@@ -44,21 +42,10 @@ TEST_F(X11DesktopTest, ButtonsArriveWithClientAndRootCoordinates) {
         EXPECT_EQ(events[i].type, types[i]) << i;
         EXPECT_EQ(events[i].xbutton.button, buttons[i]) << i;
     }
-    EXPECT_EQ(events[0].xbutton.x, 30);
-    EXPECT_EQ(events[0].xbutton.y, 20);
-    EXPECT_EQ(events[0].xbutton.x_root, 230);
-    EXPECT_EQ(events[0].xbutton.y_root, 170);
+    const auto& left = events[0].xbutton;
+    EXPECT_EQ((std::vector<int>{left.x, left.y, left.x_root, left.y_root}), (std::vector<int>{30, 20, 250, 180}));
     EXPECT_EQ(events[3].xbutton.x, -5);
-    EXPECT_EQ(events[3].xbutton.x_root, 195);
-}
-
-TEST_F(X11DesktopTest, TheInnermostWindowUnderThePointIsFoundAndNoneOffAllWindows) {
-    RecordingWindow outer(400, 300, 200, 200);
-    RecordingWindow inner(50, 60, 40, 40, outer.id());
-    EXPECT_EQ(desktop.windowFromPoint({460, 370}), inner.id());
-    EXPECT_EQ(desktop.windowFromPoint({410, 310}), outer.id());
-    EXPECT_EQ(desktop.windowFromPoint({1270, 1010}), 0u);
-    EXPECT_EQ(desktop.screenToClient(0, {7, 8}), (ScreenPoint{7, 8}));
+    EXPECT_EQ(events[3].xbutton.x_root, 215);
 }
 
 TEST_F(X11DesktopTest, EveryTypedCharacterArrivesOnceAsThatCharacter) {
@@ -69,13 +56,12 @@ TEST_F(X11DesktopTest, EveryTypedCharacterArrivesOnceAsThatCharacter) {
         desktop.postMessage(target.id(), WM_CHAR, c, kKeyLParam);
         desktop.postMessage(target.id(), WM_KEYUP, static_cast<std::uint32_t>(c - 32), kKeyLParam);
     }
-    target.receive(2 * 10);
-    EXPECT_EQ(target.typed(), "aZ1 !\xE9\rx\ty");
     std::size_t presses = 0, releases = 0;
     for (const XEvent& e : target.receive(20)) {
         presses += e.type == KeyPress;
         releases += e.type == KeyRelease;
     }
+    EXPECT_EQ(target.typed(), "aZ1 !\xE9\rx\ty");
     EXPECT_EQ(presses, 10u);
     EXPECT_EQ(releases, 10u);
 }
@@ -95,30 +81,74 @@ TEST_F(X11DesktopTest, AVanishedTargetNeitherCrashesNorStopsLaterPosts) {
     EXPECT_EQ(alive.receive(1).size(), 1u);
 }
 
-TEST_F(X11DesktopTest, CursorPositionIsInScreenPixels) {
-    XWarpPointer(connection.display(), None, connection.root(), 0, 0, 0, 0, 321, 123);
-    XSync(connection.display(), False);
-    EXPECT_EQ(desktop.cursorPos(), (ScreenPoint{321, 123}));
-}
-
 TEST_F(X11DesktopTest, LinksGoToTheDesktopsOpenCommand) {
     const auto dir = std::filesystem::temp_directory_path() / "quorlin-opener";
     std::filesystem::create_directories(dir);
-    const auto script = dir / "xdg-open";
     const auto record = dir / "opened";
     std::filesystem::remove(record);
-    std::ofstream(script) << "#!/bin/sh\nprintf '%s' \"$1\" > '" << record.string() << "'\n";
-    std::filesystem::permissions(script, std::filesystem::perms::owner_all);
+    std::ofstream(dir / "xdg-open") << "#!/bin/sh\nprintf '%s' \"$1\" > '" << record.string() << ".part'\nmv '"
+                                    << record.string() << ".part' '" << record.string() << "'\n";
+    std::filesystem::permissions(dir / "xdg-open", std::filesystem::perms::owner_all);
     const std::string path = std::getenv("PATH");
     setenv("PATH", (dir.string() + ":" + path).c_str(), 1);
     desktop.openLink("mailto:someone@example.org?Subject=Feedback");
     setenv("PATH", path.c_str(), 1);
-    for (int i = 0; i < 200 && !std::filesystem::exists(record); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    EXPECT_TRUE(eventually([&] { return std::filesystem::exists(record); }, std::chrono::seconds(5)));
     std::ifstream in(record);
-    std::string opened((std::istreambuf_iterator<char>(in)), {});
-    EXPECT_EQ(opened, "mailto:someone@example.org?Subject=Feedback");
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}), "mailto:someone@example.org?Subject=Feedback");
+}
+
+using Presses = std::vector<std::tuple<unsigned, int, int>>;
+
+Presses pressesOf(const std::vector<XEvent>& events) {
+    Presses at;
+    for (const XEvent& e : events)
+        if (e.type == ButtonPress) at.emplace_back(e.xbutton.button, e.xbutton.x, e.xbutton.y);
+    return at;
+}
+
+TEST(EndToEnd, AManualRunClicksAndTypesIntoARealWindow) {
+    RecordingWindow target(300, 200, 100, 100);
+    X11Window w;
+    w.frm.setText(Ctl::txtCount, "2");
+    w.frm.setCheck(Ctl::chkText, 1);
+    w.frm.setText(Ctl::txtText, "ok\r\n");
+    w.runAt({310, 220});
+    EXPECT_EQ(pressesOf(target.receive(2 * (2 + 2 * 3))), (Presses{{1, 10, 20}, {1, 10, 20}}));
+    EXPECT_EQ(target.typed(), "ok\rok\r");
+}
+
+TEST(EndToEnd, ATrackListPlaysItsStepsAgainstRealWindows) {
+    RecordingWindow first(100, 100, 50, 50);
+    RecordingWindow second(200, 100, 50, 50);
+    X11Window w;
+    TrackGrid& grid = w.frm.model().fgResult;
+    grid.setRowCount(3);
+    const char* rows[2][kGridColumns] = {{"1", "105", "110", "Custom", "0:1:0", "Click", "2", "No", "", "No"},
+                                         {"2", "240", "140", "Custom", "0:1:0", "RightClick", "1", "No", "", "No"}};
+    for (int r = 1; r <= 2; ++r)
+        for (int c = 0; c < kGridColumns; ++c) grid.setCell(r, c, rows[r - 1][c]);
+    w.frm.model().vFirstRowUsed = true;
+    w.frm.selectOption(Ctl::optFromTrack);
+    w.frm.cmdStart_Click();
+    EXPECT_EQ(pressesOf(first.receive(4)), (Presses{{1, 5, 10}, {1, 5, 10}}));
+    EXPECT_EQ(pressesOf(second.receive(2)), (Presses{{3, 40, 40}}));
+    EXPECT_EQ(w.clock.now, 3000);
+}
+
+TEST(EndToEnd, APointOffTheScreenHasNoWindowAndNeverWraps) {
+    RecordingWindow target(800, 150, 100, 100);
+    X11Window w;
+    const ScreenPoint offScreen[] = {{66386, 200}, {850 - 65536, 200}, {850, 200 + 65536}, {-1, 200}, {1280, 200},
+                                     {850, 1024}, {2147483647, -2147483647 - 1}};
+    for (ScreenPoint p : offScreen) EXPECT_EQ(w.desktop.windowFromPoint(p), 0u) << p.x << "," << p.y;
+    EXPECT_EQ(w.desktop.windowFromPoint({850, 200}), target.id());
+    EXPECT_EQ(w.desktop.screenToClient(target.id(), {66386, 200}), (ScreenPoint{65586, 50}));
+    EXPECT_EQ(w.desktop.screenToClient(target.id(), {-2147483647 - 1, 2147483647}),
+              (ScreenPoint{-2147483647 - 1, 2147483497}));
+    w.frm.selectOption(Ctl::optRightClick);
+    w.runAt({66386, 200});
+    EXPECT_TRUE(target.receive(1, 300).empty());
 }
 
 }  // namespace

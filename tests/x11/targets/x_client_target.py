@@ -23,15 +23,12 @@ def placements(args):
     once the window manager has placed the window."""
     time.sleep(0.5)
     for _ in range(200):
-        run = subprocess.run(["xwininfo", "-tree", *args], capture_output=True, text=True)
-        found = re.search(r"Absolute upper-left X:\s+(-?\d+).*?Y:\s+(-?\d+).*?Width: (\d+).*?Height: (\d+)",
-                          subprocess.run(["xwininfo", *args], capture_output=True, text=True).stdout, re.S)
-        if run.returncode == 0 and found:
+        out = subprocess.run(["xwininfo", "-tree", "-stats", *args], capture_output=True, text=True).stdout
+        found = re.search(r"Absolute upper-left X:\s+(-?\d+).*?Y:\s+(-?\d+).*?Width: (\d+).*?Height: (\d+)", out, re.S)
+        if found:
             x, y, w, h = map(int, found.groups())
-            inner = [(len(m[1]), int(m[2]), int(m[3]), int(m[4]), int(m[5]))
-                     for m in re.finditer(r"^( +)0x\w+ .*?(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$",
-                                          run.stdout, re.M)]
-            return [(0, w, h, x, y)] + inner
+            return [(0, w, h, x, y)] + [(len(m[1]), *map(int, m.groups()[1:])) for m in re.finditer(
+                r"^( +)0x\w+ .*?(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$", out, re.M)]
         time.sleep(0.05)
     sys.exit("window not found")
 
@@ -51,10 +48,9 @@ def xev():
             kind = line.split()[0]
         button = re.search(r"button (\d+),", line)
         if kind and button:
-            if (kind, button[1]) == ("ButtonRelease", "1"):
-                say("clicked")
-            elif (kind, button[1]) == ("ButtonPress", "3"):
-                say("menu")
+            said = {("ButtonRelease", "1"): "clicked", ("ButtonPress", "3"): "menu"}.get((kind, button[1]))
+            if said:
+                say(said)
             kind = None
 
 
