@@ -59,8 +59,18 @@ std::vector<unsigned long> frameAround(RecordingWindow& w) {
         XMapWindow(d, w.id());
         XSync(d, False);
         std::vector<unsigned long> frame;
-        if (eventually([&] { return (frame = windowProperty(d, w.id(), "_NET_FRAME_EXTENTS")).size() == 4 && frame[2] > 0; },
-                       milliseconds(300)))
+        // The extents are set before the frame is mapped: wait for the frame to show too.
+        const auto framed = [&] {
+            frame = windowProperty(d, w.id(), "_NET_FRAME_EXTENTS");
+            XWindowAttributes parent{};
+            Window root = None, up = None, *children = nullptr;
+            unsigned int count = 0;
+            if (!XQueryTree(d, w.id(), &root, &up, &children, &count)) return false;
+            if (children) XFree(children);
+            return frame.size() == 4 && frame[2] > 0 && up != root && XGetWindowAttributes(d, up, &parent) &&
+                   parent.map_state == IsViewable;
+        };
+        if (eventually(framed, milliseconds(300)))
             return frame;
     }
     return {};
