@@ -139,9 +139,10 @@ TEST_F(ProjectFile, LinesEndAtTheirOwnLineEnd) {
     for (std::size_t at = lfOnly.find("\r\n"); at != std::string::npos; at = lfOnly.find("\r\n", at)) lfOnly.erase(at, 1);
     const std::size_t half = kExampleFile.find("Random");
     for (const std::string& file : {lfOnly, kExampleFile.substr(0, half) + lfOnly.substr(lfOnly.find("Random")),
-                                    "\xEF\xBB\xBF" + kExampleFile}) {
+                                    "\xEF\xBB\xBF" + kExampleFile, "True\r\nFalse\n" + kExampleFile.substr(13)}) {
         load(file);
         EXPECT_TRUE(w.form().selected(C::optImageInclude));
+        EXPECT_EQ(w.text(C::txtTopX), "10") << "a value line ends at its own LF";
         EXPECT_EQ(m.fgResult.cell(2, colText), "hello");
         EXPECT_EQ(m.rows.lRowRect[2][3], 51);
     }

@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "run/seeded_random.h"
 #include "support/test_window.h"
 
 namespace quorlin::testing {
@@ -352,16 +351,6 @@ TEST_F(TrackRun, ARunStartedDuringAManualStepsPausePlaysAndOneStopEndsBoth) {
     EXPECT_EQ(std::vector<int>(xs.begin(), xs.begin() + 4), (std::vector<int>{9, 1, 1, 2}));
     EXPECT_EQ(w.clock.interval(TimerId::tmrLoop), 0);
     EXPECT_FALSE(w.model().trackRunActive);
-}
-
-TEST(SeededRandom, GivesTheSameSequenceInTheUnitIntervalAtEveryStart) {
-    SeededRandom first, second;
-    for (int i = 0; i < 10'000; ++i) {
-        const double u = first.next();
-        ASSERT_EQ(u, second.next());
-        ASSERT_GE(u, 0.0);
-        ASSERT_LT(u, 1.0);
-    }
 }
 
 }  // namespace

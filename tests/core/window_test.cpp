@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
 #include "form/entry_validation.h"
+#include "form/layout.h"
+#include "run/seeded_random.h"
 #include "support/test_window.h"
 
 namespace quorlin::testing {
@@ -155,6 +157,30 @@ TEST(ReadoutHelpAndLinks, FollowTheCursorToggleTheHelpAndOpenTheLinks) {
     w.frm.mnuFeedback_Click();
     EXPECT_EQ(w.desktop.links, (std::vector<std::string>{"https://quorlin.example.org/", "https://quorlin.example.org/",
                                                          "mailto:feedback@quorlin.example.org?Subject=Feedback"}));
+}
+
+// The layout is data that the front ends draw; any change to a name, caption, position,
+// font or colour of a control must be deliberate, and then this digest changes with it.
+TEST(WindowLayout, StaysAsDescribedControlForControl) {
+    std::uint64_t digest = 1469598103934665603ull;
+    auto mix = [&](std::uint64_t v) { digest = (digest ^ v) * 1099511628211ull; };
+    for (const ControlLayout& c : windowLayout()) {
+        for (std::string_view text : {std::string_view(c.name), std::string_view(c.caption)})
+            for (char ch : text) mix(static_cast<unsigned char>(ch));
+        for (int v : {static_cast<int>(c.id), static_cast<int>(c.kind), static_cast<int>(c.parent), c.rect.left,
+                      c.rect.top, c.rect.width, c.rect.height, static_cast<int>(c.font), static_cast<int>(c.colours)})
+            mix(static_cast<std::uint64_t>(v));
+    }
+    EXPECT_EQ(windowLayout().size(), 72u);
+    EXPECT_EQ(digest, 4519930299312001554ull);
+}
+
+// Every start of the program draws the same sequence: the Mersenne twister from seed 5489,
+// 53 bits a draw, whose first numbers are well known.
+TEST(SeededRandom, StartsWithTheWellKnownSequence) {
+    SeededRandom random;
+    for (double expected : {0.81472368639317894, 0.90579193707561922, 0.12698681629350606})
+        EXPECT_DOUBLE_EQ(random.next(), expected);
 }
 
 struct ValidationCase {
