@@ -1,5 +1,6 @@
 #include "project/project_writer.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "project/project_layout.h"
@@ -101,7 +102,7 @@ void ProjectWriter::integer(long long value) {
 void ProjectWriter::line(std::string_view bytes) {
     if (used_ + bytes.size() + 2 > buffer_.size()) {
         flush();
-        if (bytes.size() + 2 > buffer_.size()) buffer_.resize(bytes.size() + 2);
+        buffer_.resize(std::max(buffer_.size(), bytes.size() + 2));
     }
     std::copy(bytes.begin(), bytes.end(), buffer_.data() + used_);
     used_ += bytes.size();

@@ -367,6 +367,19 @@ TEST_F(TrackEdit, TheObserverHearsOfEveryGridAndPictureBoxChange) {
     heard([&] { w.frm.Form_Paint(); }, false, true);
     heard([&] { w.frm.cmdLoad_Click(); }, true, true);
     w.frm.setObserver(nullptr);
+
+    TrackGrid grid;
+    grid.setObserver(&counter);
+    counter.grid = 0;
+    grid.setRowCount(3);
+    grid.removeRow(2);
+    grid.blankAll();
+    grid.setRow(1);
+    grid.setCol(1);
+    grid.setCell(1, 1, "x");
+    grid.setCells(1, {});
+    grid.setColWidth(1, 600);
+    EXPECT_EQ(counter.grid, 8) << "every change of the grid is told";
 }
 
 }  // namespace

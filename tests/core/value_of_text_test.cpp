@@ -26,7 +26,7 @@ INSTANTIATE_TEST_SUITE_P(Forms, LeadingNumber, ::testing::Values(
     LeadingCase{"1 2 3", 123}, LeadingCase{"\t4\n2", 42}, LeadingCase{"2e3", 2000}, LeadingCase{"2E-1x", 0.2},
     LeadingCase{"2e", 2}, LeadingCase{"3d2", 300}, LeadingCase{"&H1F", 31}, LeadingCase{"&hff", 255},
     LeadingCase{"&HFFFF", -1}, LeadingCase{"&H10000", 65536}, LeadingCase{"&HFFFFFFFF", -1},
-    LeadingCase{"&O17", 15}, LeadingCase{"&Hxyz", 0}, LeadingCase{"1,5", 1}, LeadingCase{"-", 0},
+    LeadingCase{"&O17", 15}, LeadingCase{"&O18", 1}, LeadingCase{"&Hxyz", 0}, LeadingCase{"1,5", 1}, LeadingCase{"-", 0},
     LeadingCase{"00042", 42}));
 
 struct WholeCase {
