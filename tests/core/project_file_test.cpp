@@ -229,6 +229,11 @@ const LoadCase kLoads[] = {
          EXPECT_EQ(t.m.fgResult.cell(1, colImage), "Yes");
          EXPECT_FALSE(t.m.rows.bRowImage[1]) << "the load stopped at the row pixel";
      }},
+    {"APictureCutShortShowsWhatArrived", lines({"True", "False", "0", "0", "1", "1", "1", "1", "1", "5", "6", "7"}),
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.m.pictureBox.pixel(1, 0), 7);
+         EXPECT_EQ(t.m.pictureBox.pixel(1, 1), PictureBox::kBackground);
+     }},
     {"AnEmptyIncludeLineReadsAsZero",
      imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "", "1", "2", "3", "4"}) + record("2"),
      [](ProjectFile& t) {

@@ -349,6 +349,8 @@ TEST_F(TrackEdit, TheObserverHearsOfEveryGridAndPictureBoxChange) {
     struct Counter : FormObserver {
         int grid = 0;
         int box = 0;
+        std::vector<Ctl> controls;
+        void controlChanged(Ctl c) override { controls.push_back(c); }
         void gridChanged() override { ++grid; }
         void pictureBoxChanged() override { ++box; }
     } counter;
@@ -366,6 +368,11 @@ TEST_F(TrackEdit, TheObserverHearsOfEveryGridAndPictureBoxChange) {
     heard([&] { w.frm.cmdClearTrackList_Click(); }, true, false);
     heard([&] { w.frm.Form_Paint(); }, false, true);
     heard([&] { w.frm.cmdLoad_Click(); }, true, true);
+    counter.controls.clear();
+    w.frm.setCheck(C::chkText, 1);
+    w.frm.selectOption(C::optDbClick);
+    w.type(C::txtY, "5");
+    EXPECT_EQ(counter.controls, (std::vector<Ctl>{C::chkText, C::txtText, C::optClick, C::optDbClick, C::txtY}));
     w.frm.setObserver(nullptr);
 
     TrackGrid grid;
