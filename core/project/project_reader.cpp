@@ -12,10 +12,9 @@ namespace quorlin {
 
 using C = Ctl;
 
-bool ProjectReader::read() {
-    const bool whole = readAll();
+void ProjectReader::read() {
+    readAll();
     applyOverlays();
-    return whole;
 }
 
 bool ProjectReader::readAll() {

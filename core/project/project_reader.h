@@ -19,8 +19,8 @@ class ProjectReader {
 public:
     ProjectReader(std::istream& in, WindowModel& model, TrackList& list) : lines_(in), m_(model), list_(list) {}
 
-    // False when the file ended early or held something unreadable.
-    bool read();
+    // Stops silently where the file ends early or holds something unreadable.
+    void read();
 
 private:
     bool imageSettings();

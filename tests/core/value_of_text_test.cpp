@@ -50,7 +50,7 @@ INSTANTIATE_TEST_SUITE_P(Forms, WholeNumber, ::testing::Values(
     WholeCase{" 12 ", 12.0}, WholeCase{"-5", -5.0}, WholeCase{"+5", 5.0}, WholeCase{"12.5", 12.5},
     WholeCase{"12,5", 12.5}, WholeCase{"1e3", 1000.0}, WholeCase{"1e", std::nullopt},
     WholeCase{".", std::nullopt}, WholeCase{"-", std::nullopt}, WholeCase{"&H10", 16.0},
-    WholeCase{"&H", std::nullopt}, WholeCase{"1 2", std::nullopt}, WholeCase{"1.2.3", std::nullopt},
+    WholeCase{"&H", std::nullopt}, WholeCase{"&Z0", std::nullopt}, WholeCase{"1 2", std::nullopt}, WholeCase{"1.2.3", std::nullopt},
     WholeCase{"1e999", std::nullopt}));
 
 TEST(WholeNumberLocale, APeriodAlwaysWorksAndOnlyTheLocaleAddsAComma) {
