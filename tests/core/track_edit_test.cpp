@@ -238,6 +238,9 @@ TEST_F(TrackEdit, ClearingEmptiesAFullListAndKeepsTheFields) {
     w.frm.cmdClearTrackList_Click();
     EXPECT_EQ(m.fgResult.rowCount(), 2);
     EXPECT_EQ(w.gridRow(0), (Cells{"#", "X", "Y", "Intr Type", "Interval", "Type", "Rep", "Fill", "Text", "Image"}));
+    std::vector<int> widths;
+    for (int c = 0; c < kGridColumns; ++c) widths.push_back(m.fgResult.colWidth(c));
+    EXPECT_EQ(widths, (std::vector<int>{400, 600, 600, 800, 800, 800, 800, 400, 900, 400}));
     EXPECT_EQ(w.gridRow(1), Cells{});
     EXPECT_EQ(m.fgResult.row(), 0);
     EXPECT_FALSE(m.vFirstRowUsed);
@@ -318,6 +321,7 @@ TEST_F(TrackEdit, AnImageRowBecomesTheReferencePictureARowWithoutImageForgetsOnl
     EXPECT_EQ(m.picture.iPicMaxX, 3);
     EXPECT_EQ(m.picture.pixel(3, 2), 6002);
     EXPECT_EQ(m.pictureBox.pixel(3, 2), 6002);
+    EXPECT_EQ(m.picture.rect().right, 103);
     EXPECT_EQ(m.picture.rect().bottom, 203);
     for (auto [field, text] : {std::pair{C::txtTopX, "100"}, {C::txtTopY, "200"}, {C::txtBottomX, "103"},
                                {C::txtBottomY, "203"}})
