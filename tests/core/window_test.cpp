@@ -69,6 +69,7 @@ const Interlock kInterlocks[] = {
      {C::frmImage, C::optImageInclude, C::optImageNotInclude, C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY,
       C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY}},
     {"NonStop", [](TestWindow& w) { w.frm.selectOption(C::optLoop); }, {}, {C::txtCount}},
+    {"CountAgain", [](TestWindow& w) { w.frm.selectOption(C::optLoop), w.frm.selectOption(C::optCount); }, {C::txtCount}, {}},
     {"FromTrackWithNonStopTrack", [](TestWindow& w) {
          w.frm.selectOption(C::optLooptrack);  // the program may select it while its frame is off
          w.frm.selectOption(C::optFromTrack);
