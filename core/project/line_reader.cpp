@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "text/eight_digits.h"
 #include "text/plain_integer.h"
 
 namespace quorlin {
@@ -92,20 +93,34 @@ bool LineReader::take(std::string_view& line, bool text) {
     return true;
 }
 
-// One pass over the digits and the line end, straight in the buffer.
-std::optional<std::int32_t> LineReader::nextPlainInteger() {
-    if (tooLong_) return std::nullopt;
-    if (end_ - begin_ < 16) fill();
-    const char* at = buffer_.data() + begin_;
-    const char* const end = buffer_.data() + end_;
-    const auto value = takePlainInteger(at, end);
-    if (!value) return std::nullopt;
-    const bool crLf = at < end && *at == '\r';
-    at += crLf ? 1 : 0;
-    if (at == end || *at != '\n') return std::nullopt;
-    begin_ = static_cast<std::size_t>(at + 1 - buffer_.data());
-    crLfLines_ = crLf;
-    return value;
+// Parses straight in the buffer, refilling only when the next line might run past it.
+std::size_t LineReader::nextPlainIntegers(std::span<std::int32_t> out) {
+    // "-2147483648\r\n", more than the nine bytes one read of digits looks at.
+    constexpr std::size_t kLongestPlainLine = 13;
+    std::size_t read = 0;
+    while (read < out.size() && !tooLong_) {
+        if (end_ - begin_ <= kLongestPlainLine) fill();
+        const char* at = buffer_.data() + begin_;
+        const char* const end = buffer_.data() + end_;
+        const char* const refill = eof_ ? end : end - static_cast<std::ptrdiff_t>(kLongestPlainLine);
+        bool crLf = crLfLines_;
+        while (read < out.size() && at < refill) {
+            const char* next = at;
+            auto value = readEightDigits(next);
+            if (!value) value = takePlainInteger(next, end);
+            if (!value || next == end) break;
+            const bool lineCrLf = *next == '\r';
+            next += lineCrLf ? 1 : 0;
+            if (next == end || *next != '\n') break;
+            crLf = lineCrLf;
+            out[read++] = *value;
+            at = next + 1;
+        }
+        begin_ = static_cast<std::size_t>(at - buffer_.data());
+        crLfLines_ = crLf;
+        if (at < refill || eof_) break;
+    }
+    return read;
 }
 
 }  // namespace quorlin

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <istream>
-#include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -26,9 +26,10 @@ public:
     // The next text value: between CR LF lines, it runs on over lone LFs to its CR LF.
     bool nextText(std::string_view& line) { return take(line, true); }
     bool atEnd();
-    // The next line when it is a plain integer, read in one pass; nothing, and the line
-    // left unread, otherwise.
-    std::optional<std::int32_t> nextPlainInteger();
+    // Reads lines that are plain integers into `out`, in one pass over the buffer, until
+    // `out` is full or a line of another form comes, which is left unread. Answers how
+    // many were read: pictures are millions of such lines.
+    std::size_t nextPlainIntegers(std::span<std::int32_t> out);
 
 private:
     static constexpr std::size_t kChunk = std::size_t{1} << 20;

@@ -1,7 +1,9 @@
 #include "project/project_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <span>
 
 #include "project/project_layout.h"
 #include "text/plain_integer.h"
@@ -140,17 +142,30 @@ bool ProjectReader::picture() {
 // The reference picture's pixels, column by column; `read` counts those that arrived.
 bool ProjectReader::pictureBlock(std::size_t& read) {
     ReferencePicture& picture = m_.picture;
+    std::array<Colour, kPictureSide> column{};
     for (int x = 0; x <= picture.iPicMaxX && picture.iPicMaxY >= 0; ++x) {
-        for (int y = 0; y <= picture.iPicMaxY; ++y) {
-            if (!ReferencePicture::inStore(x, y)) return false;
-            auto colour = lines_.nextPlainInteger();
-            if (!colour) colour = leading32();
-            if (!colour) return false;
-            picture.pixel(x, y) = *colour;
-            ++read;
-        }
+        const int height = std::min<int>(picture.iPicMaxY, kPictureSide - 1) + 1;
+        if (!ReferencePicture::inStore(x, 0)) return false;
+        const std::size_t got = pixelRun(std::span(column.data(), static_cast<std::size_t>(height)), false);
+        for (std::size_t y = 0; y < got; ++y) picture.pixel(x, static_cast<int>(y)) = column[y];
+        read += got;
+        if (got < static_cast<std::size_t>(height) || height <= picture.iPicMaxY) return false;
     }
     return true;
+}
+
+// Fills `out` with pixel lines: plain integers in one pass, any other form by the
+// picture's own rule; answers how many arrived before a line that is no pixel.
+std::size_t ProjectReader::pixelRun(std::span<Colour> out, bool strict) {
+    std::size_t got = 0;
+    while (got < out.size()) {
+        got += lines_.nextPlainIntegers(out.subspan(got));
+        if (got == out.size()) break;
+        auto colour = strict ? strict32() : leading32();
+        if (!colour) break;
+        out[got++] = *colour;
+    }
+    return got;
 }
 
 bool ProjectReader::runSettings() {
@@ -210,15 +225,12 @@ bool ProjectReader::record() {
 // Reads the row's pixels column by column; pixelsRead_ counts how many arrived.
 bool ProjectReader::readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY) {
     pixelsRead_ = 0;
+    const auto height = static_cast<std::size_t>(picture.lastY) + 1;
     for (std::int32_t x = 0; x <= lastX && lastY >= 0; ++x) {
-        for (std::int32_t y = 0; y <= lastY; ++y) {
-            if (!ReferencePicture::inStore(x, y)) return false;
-            auto colour = lines_.nextPlainInteger();
-            if (!colour) colour = strict32();
-            if (!colour) return false;
-            picture.at(x, y) = *colour;
-            ++pixelsRead_;
-        }
+        if (!ReferencePicture::inStore(x, 0)) return false;
+        const std::size_t got = pixelRun(std::span(&picture.at(x, 0), height), true);
+        pixelsRead_ += got;
+        if (got < height || lastY > picture.lastY) return false;
     }
     return true;
 }

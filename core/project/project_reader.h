@@ -2,6 +2,7 @@
 
 #include <istream>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -29,6 +30,7 @@ private:
     bool runSettings();
     bool record();
     bool rowPicture(int r);
+    std::size_t pixelRun(std::span<Colour> out, bool strict);
     bool readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY);
     bool readAll();
     void applyOverlays();

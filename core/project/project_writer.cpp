@@ -1,7 +1,6 @@
 #include "project/project_writer.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "project/project_layout.h"
 #include "text/windows1252.h"
@@ -24,17 +23,16 @@ bool ProjectWriter::imageSettings(const WindowModel& m) {
     return m.form.value(C::chkRecImage) != 1 || picture(m.picture);
 }
 
+// A picture beyond the store cannot be written: the save fails as a whole.
 bool ProjectWriter::picture(const ReferencePicture& picture) {
     integer(picture.iPicMaxX);
     integer(picture.iPicMaxY);
-    for (int x = 0; x <= picture.iPicMaxX; ++x) {
-        for (int y = 0; y <= picture.iPicMaxY; ++y) {
-            if (!ReferencePicture::inStore(x, y)) return false;
-            integer(picture.pixel(x, y));
-        }
-        if (used_ >= kFlushAt && !flush()) return false;
-    }
-    return true;
+    if (picture.iPicMaxX < 0 || picture.iPicMaxY < 0) return true;
+    if (!ReferencePicture::inStore(picture.iPicMaxX, picture.iPicMaxY)) return false;
+    return pixels(picture.iPicMaxX + 1, static_cast<std::size_t>(picture.iPicMaxY) + 1,
+                  [&picture](int x, std::span<Colour> column) {
+                      for (std::size_t y = 0; y < column.size(); ++y) column[y] = picture.pixel(x, static_cast<int>(y));
+                  });
 }
 
 void ProjectWriter::runSettings(const EntryForm& form) {
@@ -70,12 +68,14 @@ bool ProjectWriter::rowPicture(const RowStores& rows, int r) {
     const RowPicture& picture = rows.lRowPixels[static_cast<std::size_t>(r)];
     integer(picture.lastX);
     integer(picture.lastY);
-    for (int x = 0; x <= picture.lastX && picture.lastY >= 0; ++x) {
-        for (int y = 0; y <= picture.lastY; ++y) {
-            if (!ReferencePicture::inStore(x, y)) return false;
-            integer(picture.at(x, y));
-        }
-        if (used_ >= kFlushAt && !flush()) return false;
+    if (picture.lastX >= 0 && picture.lastY >= 0) {
+        if (!ReferencePicture::inStore(picture.lastX, picture.lastY)) return false;
+        const auto height = static_cast<std::size_t>(picture.lastY) + 1;
+        const bool written = pixels(picture.lastX + 1, height, [&picture, height](int x, std::span<Colour> column) {
+            std::copy_n(picture.pixels.begin() + static_cast<std::ptrdiff_t>(static_cast<std::size_t>(x) * height),
+                        height, column.begin());
+        });
+        if (!written) return false;
     }
     integer(rows.lRowInclude[static_cast<std::size_t>(r)]);
     for (std::int32_t corner : rows.lRowRect[static_cast<std::size_t>(r)]) integer(corner);
@@ -89,14 +89,16 @@ void ProjectWriter::text(std::string_view value) {
     line(bytes);
 }
 
-// Pixels make up nearly all of a large file: their digits go straight into the buffer.
-void ProjectWriter::integer(long long value) {
+void ProjectWriter::integer(std::int32_t value) {
     if (used_ + kLongestNumberLine > buffer_.size()) flush();
-    char* at = buffer_.data() + used_;
-    at = std::to_chars(at, at + kLongestNumberLine - 2, value).ptr;
-    *at++ = '\r';
-    *at++ = '\n';
-    used_ = static_cast<std::size_t>(at - buffer_.data());
+    used_ = static_cast<std::size_t>(numberLine(buffer_.data() + used_, value) - buffer_.data());
+}
+
+// Pixels make up nearly all of a large file; their text goes straight to the stream.
+bool ProjectWriter::pixels(int columns, std::size_t height, const PixelText::ColumnSource& source) {
+    return flush() && pixelText_.write(columns, height, source, [this](std::span<const char> text) {
+        return static_cast<bool>(out_.write(text.data(), static_cast<std::streamsize>(text.size())));
+    });
 }
 
 void ProjectWriter::line(std::string_view bytes) {

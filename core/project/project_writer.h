@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/window_model.h"
+#include "project/pixel_text.h"
 
 namespace quorlin {
 
@@ -33,13 +34,15 @@ private:
     void text(std::string_view value);
     void option(bool selected) { line(selected ? "True" : "False"); }
     void check(int value) { integer(value); }
-    void integer(long long value);
+    void integer(std::int32_t value);
+    bool pixels(int columns, std::size_t height, const PixelText::ColumnSource& source);
     void line(std::string_view ascii);
     bool flush();
 
     std::ostream& out_;
     std::vector<char> buffer_;
     std::size_t used_ = 0;
+    PixelText pixelText_;
 };
 
 }  // namespace quorlin

@@ -108,6 +108,34 @@ TEST_F(ProjectFile, TheExampleFileLoadsBackIntoTheSameWindow) {
     EXPECT_EQ(saved(), overlaid) << "the picture now holds the row picture where it reaches";
 }
 
+// Pictures of many megabytes are written in parts on several threads and read in one
+// pass; every pixel, of any width or sign, must come back where it was.
+TEST_F(ProjectFile, LargePicturesSurviveASaveAndALoadPixelForPixel) {
+    const Colour edges[] = {0, 9, 10, 99, 9999, 10000, 99999999, 100000000, -1, -2147483647 - 1, 2147483647};
+    const auto colour = [&](std::size_t i, int salt) {
+        return i % 97 < std::size(edges) ? edges[i % 97] : static_cast<Colour>((i + salt) * 40503u & 0xFFFFFF);
+    };
+    w.frm.setCheck(C::chkRecImage, 1);
+    m.picture.iPicMaxX = m.picture.iPicMaxY = 1000;
+    for (std::size_t i = 0; i < m.picture.lPixels.size(); ++i) m.picture.lPixels[i] = colour(i, 0);
+    w.putRow(1, {"1", "1", "1", "Custom", "0:3:0", "Click", "1", "No", "", "Yes"});
+    RowPicture& rp = m.rows.lRowPixels[1];
+    rp.resize(999, 1000);
+    for (std::size_t i = 0; i < rp.pixels.size(); ++i) rp.pixels[i] = colour(i, 1);
+    save();
+
+    TestWindow other;
+    other.dialogs.answers.push(file.string());
+    other.frm.cmdLoad_Click();
+    const RowPicture& back = other.model().rows.lRowPixels[1];
+    EXPECT_EQ(back.lastX, 999);
+    EXPECT_TRUE(back.pixels == rp.pixels);
+    const ReferencePicture& picture = other.model().picture;
+    for (int x = 0; x <= 1000; ++x)
+        for (int y = 0; y <= 1000; ++y)
+            ASSERT_EQ(picture.pixel(x, y), x < 1000 ? rp.at(x, y) : m.picture.pixel(x, y)) << x << "," << y;
+}
+
 TEST_F(ProjectFile, MultiLineAndNonAsciiTextsSurviveASaveAndALoad) {
     w.frm.setCheck(C::chkText, 1);
     w.type(C::txtText, "Grüße\r\nline two\r\n");
@@ -158,6 +186,17 @@ std::string runSettings(const char* click = "True", const char* dbClick = "False
 }
 std::string record(const char* n, const char* image = "No") {
     return lines({n, "1", "1", "Custom", "0:3:0", "Click", "1", "No", "", image, "False", image});
+}
+
+// Pixel lines that are not plain integers, amid millions that are, take their own rule.
+TEST_F(ProjectFile, PixelLinesOfOtherFormsAmidPlainOnesTakeTheirRule) {
+    std::string file = lines({"True", "False", "0", "0", "0", "0", "1", "1000", "1000"});
+    for (int i = 0; i < 1001 * 1001; ++i) file += i % 100000 == 99999 ? "&H10 \r\n" : std::to_string(i) + "\r\n";
+    load(file + runSettings() + record("1", "Yes") + lines({"0", "2", "4", "5.0", "6"}));
+    EXPECT_EQ(m.picture.pixel(99, 900), 16) << "the main picture takes the leading number";
+    EXPECT_EQ(m.picture.pixel(199, 800), 16);
+    EXPECT_EQ(m.picture.pixel(1000, 1000), 1001 * 1001 - 1);
+    EXPECT_EQ(m.rows.lRowPixels[1].pixels, (std::vector<Colour>{4, 5, 6})) << "a row takes a whole number";
 }
 
 struct LoadCase {

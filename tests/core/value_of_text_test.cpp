@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "text/colon_split.h"
+#include "text/eight_digits.h"
 #include "text/plain_integer.h"
 #include "text/value_of_text.h"
 
@@ -79,6 +80,29 @@ TEST(PlainInteger, IsOnlyASignAndUpToTenDigitsWithin32Bits) {
     EXPECT_EQ(parsePlainInteger("0000000042"), 42);
     for (const char* text : {"", "-", "2147483648", "00000000001", "+1", " 1", "1 ", "1.0", "-0x1"})
         EXPECT_EQ(parsePlainInteger(text), std::nullopt) << text;
+}
+
+TEST(EightDigits, WriteAndReadBackOneToEightDigitsAndRefuseTheRest) {
+    for (std::int32_t value : {0, 7, 10, 99, 100, 999, 1000, 9999, 10000, 100001, 1234567, 10000000, 99999999}) {
+        char text[16] = "xxxxxxxxxxxxxxx";
+        char* const end = writeEightDigits(text, value);
+        ASSERT_NE(end, nullptr) << value;
+        *end = '\r';
+        EXPECT_EQ(std::string(text, static_cast<std::size_t>(end - text)), std::to_string(value));
+        const char* at = text;
+        EXPECT_EQ(readEightDigits(at), value);
+        EXPECT_EQ(at, end);
+    }
+    char room[16];
+    EXPECT_EQ(writeEightDigits(room, 100000000), nullptr);
+    EXPECT_EQ(writeEightDigits(room, -1), nullptr);
+    for (const char* text : {"123456789\r", "\r\n0000000", "-1\r\n00000", "/9\r\n000000", ":\r\n0000000"}) {
+        const char* at = text;
+        EXPECT_EQ(readEightDigits(at), std::nullopt) << text;
+        EXPECT_EQ(at, text);
+    }
+    const char* padded = "00000042\r\n";
+    EXPECT_EQ(readEightDigits(padded), 42);
 }
 
 TEST(ColonSplit, CutsAtTheFirstColonOnly) {
