@@ -289,6 +289,11 @@ const LoadCase kLoads[] = {
          t.save();
          EXPECT_TRUE(t.saved().ends_with(lines({"Yes", "False", "Yes", "0", "0", "0", "0", "0", "0", "0", "0"})));
      }},
+    {"ARecordCutShortInItsCornersIsNoEntry",
+     imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "-1", "1", "2"}), [](ProjectFile& t) {
+         EXPECT_FALSE(t.m.vFirstRowUsed);
+         EXPECT_FALSE(t.m.rows.bRowImage[1]);
+     }},
     {"AHugeConditionRectangleNeverSizesABuffer",
      imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "-1", "0", "0", "100000", "100000"}),
      [](ProjectFile& t) {
