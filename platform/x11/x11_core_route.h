@@ -1,5 +1,8 @@
 #pragma once
 
+#include <deque>
+#include <optional>
+
 #include "x11/x11_input_route.h"
 #include "x11/x11_server_clock.h"
 #include "x11/x11_window_chain.h"
@@ -21,11 +24,20 @@ public:
     void type(const KeyStroke& stroke) override;
     void end() override;
 
+    // When the first event held back behind a waiting press is due; none when none is.
+    std::optional<std::chrono::steady_clock::time_point> nextDue() const;
+    // Sends the held-back events that are due.
+    void sendDue();
+    // Sends every held-back event, waiting for the last one's time.
+    void sendHeld();
+
 private:
     void button(int type, unsigned int button, unsigned int state, int rootX, int rootY, Time time);
     void key(int type, const KeyStroke& stroke);
     void cross(int type);
     XEvent pointerEvent(int type, std::size_t at, Time time) const;
+    Time stamp() const;
+    void send(long mask, XEvent event);
 
     Display* d_;
     ServerClock& clock_;
@@ -35,6 +47,13 @@ private:
     unsigned int buttonsDown_ = 0;
     bool inside_ = false;
     bool focused_ = false;
+    std::chrono::steady_clock::time_point heldUntil_;
+    struct Held {
+        std::chrono::steady_clock::time_point due;
+        long mask;
+        XEvent event;
+    };
+    std::deque<Held> held_;
 };
 
 }  // namespace quorlin::x11

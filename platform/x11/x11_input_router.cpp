@@ -85,7 +85,7 @@ void X11InputRouter::point(const InputAction& action, std::uint32_t lParam) {
     const WindowChain::Link& target = visit_->chain->target();
     const int rootX = target.originX + wm::lParamX(lParam);
     const int rootY = target.originY + wm::lParamY(lParam);
-    InputRoute* route = pointerRoute(rootX, rootY);
+    InputRoute* route = afterHeld(pointerRoute(rootX, rootY));
     if (!route) return;
     if (action.kind == InputAction::Kind::press)
         route->press(action.button, rootX, rootY, visit_->spacing.waitBefore(action.ofItsOwn));
@@ -103,7 +103,7 @@ void X11InputRouter::awaitKeysRead() {
 
 void X11InputRouter::key(KeySym keysym) {
     if (!visit_->chain) return;
-    InputRoute* route = keyRoute();
+    InputRoute* route = afterHeld(keyRoute());
     if (!route) return;
     const KeyStroke stroke = keyboard_.strokeFor(keysym);
     if (stroke.keycode != 0) route->type(stroke);
@@ -146,11 +146,18 @@ CoreRoute& X11InputRouter::coreRoute() {
     return *visit_->core;
 }
 
+// Input of another route must not overtake sent events held back behind a waiting press.
+InputRoute* X11InputRouter::afterHeld(InputRoute* route) {
+    if (route && visit_->core && route != visit_->core.get()) visit_->core->sendHeld();
+    return route;
+}
+
 DeviceRoute& X11InputRouter::deviceRoute() {
     if (!visit_->device) visit_->device = std::make_unique<DeviceRoute>(master_, x_.display(), *visit_->chain);
     return *visit_->device;
 }
 
+// Sends held-back events as they fall due, and ends a visit once it has been quiet.
 void X11InputRouter::endWhenQuiet() {
     std::unique_lock lock(mutex_);
     while (!stopping_) {
@@ -158,9 +165,14 @@ void X11InputRouter::endWhenQuiet() {
             wake_.wait(lock);
             continue;
         }
-        const auto due = quietFrom_ + kQuietEnd;
-        if (std::chrono::steady_clock::now() >= due) end();
-        else wake_.wait_until(lock, due);
+        if (visit_->core) visit_->core->sendDue();
+        auto next = quietFrom_ + kQuietEnd;
+        if (std::chrono::steady_clock::now() >= next) {
+            end();
+            continue;
+        }
+        if (auto due = visit_->core ? visit_->core->nextDue() : std::nullopt) next = std::min(next, *due);
+        wake_.wait_until(lock, next);
     }
 }
 

@@ -59,6 +59,7 @@ private:
     InputRoute* keyRoute();
     CoreRoute& coreRoute();
     DeviceRoute& deviceRoute();
+    InputRoute* afterHeld(InputRoute* route);
     void endWhenQuiet();
 
     X11Connection x_;

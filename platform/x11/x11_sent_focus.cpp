@@ -2,7 +2,7 @@
 
 namespace quorlin::x11 {
 
-void sendFocusChange(Display* d, Window topLevel, int type) {
+XEvent focusChange(Display* d, Window topLevel, int type) {
     XEvent event{};
     XFocusChangeEvent& f = event.xfocus;
     f.type = type;
@@ -10,7 +10,7 @@ void sendFocusChange(Display* d, Window topLevel, int type) {
     f.window = topLevel;
     f.mode = NotifyNormal;
     f.detail = NotifyNonlinear;
-    XSendEvent(d, topLevel, False, FocusChangeMask, &event);
+    return event;
 }
 
 }  // namespace quorlin::x11
