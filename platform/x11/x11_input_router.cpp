@@ -25,6 +25,7 @@ X11InputRouter::X11InputRouter(const std::string& displayName)
       master_(displayName),
       notice_(x_.display()),
       ping_(displayName),
+      keeper_(x_.display()),
       ender_([this] { endWhenQuiet(); }) {}
 
 X11InputRouter::~X11InputRouter() {
@@ -68,6 +69,7 @@ void X11InputRouter::begin(Window target) {
     visit_ = std::make_unique<Visit>();
     visit_->target = target;
     visit_->chain = WindowChain::read(x_.display(), target);
+    keeper_.note();
 }
 
 void X11InputRouter::end() {
@@ -76,6 +78,7 @@ void X11InputRouter::end() {
     if (visit_->device) visit_->device->end();
     if (keyboard_.bindsKeys()) awaitKeysRead();
     keyboard_.restore();
+    if (visit_->pointer && *visit_->pointer) giveBackActiveWindow();
     XFlush(x_.display());
     visit_.reset();
 }
@@ -99,6 +102,22 @@ void X11InputRouter::awaitKeysRead() {
     XSync(x_.display(), False);
     if (visit_->chain) ping_.await(visit_->chain->topLevel().window, clock_.now(), kReadLimit);
     std::this_thread::sleep_for(kLookUpGrace);
+}
+
+// The target asks for activation as it handles the press, and Qt only in its next
+// round of events: the request is with the window manager a little after the target
+// has answered a ping.
+void X11InputRouter::giveBackActiveWindow() {
+    if (!visit_->chain) return;
+    ping_.await(visit_->chain->topLevel().window, clock_.now(), kClickReadLimit);
+    std::this_thread::sleep_for(kActivationGrace);
+    XSync(x_.display(), False);
+    std::vector<Window> target;
+    for (const WindowChain::Link& link : visit_->chain->links()) target.push_back(link.window);
+    // A target whose focus has just been taken away may ask once more (Qt does, after
+    // typing).
+    for (int asked = 0; asked < 3 && keeper_.restore(target, clock_.now()); ++asked)
+        std::this_thread::sleep_for(kActivationGrace);
 }
 
 void X11InputRouter::key(KeySym keysym) {

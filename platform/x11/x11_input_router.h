@@ -10,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "x11/x11_active_window_keeper.h"
 #include "x11/x11_client_ping.h"
 #include "x11/x11_connection.h"
 #include "x11/x11_core_route.h"
@@ -35,6 +36,9 @@ public:
     // How long the end of a visit waits for the target to have read its bound keys.
     static constexpr std::chrono::milliseconds kReadLimit{2000};
     static constexpr std::chrono::milliseconds kLookUpGrace{150};
+    // How long the end of a visit waits for a clicked target to have read its clicks.
+    static constexpr std::chrono::milliseconds kClickReadLimit{200};
+    static constexpr std::chrono::milliseconds kActivationGrace{100};
 
     explicit X11InputRouter(const std::string& displayName);
     ~X11InputRouter();
@@ -54,6 +58,7 @@ private:
     void end();
     void point(const InputAction& action, std::uint32_t lParam);
     void awaitKeysRead();
+    void giveBackActiveWindow();
     void key(KeySym keysym);
     InputRoute* pointerRoute(int rootX, int rootY);
     InputRoute* keyRoute();
@@ -68,6 +73,7 @@ private:
     PrivateMaster master_;
     RouteNotice notice_;
     ClientPing ping_;
+    ActiveWindowKeeper keeper_;
     std::unique_ptr<Visit> visit_;
     Window lastReturnTo_ = None;
 
