@@ -11,34 +11,34 @@ namespace {
 
 using C = Ctl;
 
-constexpr std::array<C, 3> kClickType = {C::optClick, C::optDbClick, C::optRightClick};
-constexpr std::array<C, 2> kIntervalKind = {C::optCustom, C::optRandom};
-constexpr std::array<C, 2> kNumberOfClicks = {C::optCount, C::optLoop};
-constexpr std::array<C, 2> kTargetType = {C::optApplication, C::optWeb};
-constexpr std::array<C, 2> kStepSource = {C::optManual, C::optFromTrack};
-constexpr std::array<C, 2> kTrackRepetition = {C::optRepeatTrack, C::optLooptrack};
-constexpr std::array<C, 2> kImageRule = {C::optImageInclude, C::optImageNotInclude};
-constexpr std::array<C, 2> kStayOnTop = {C::optTopMost, C::optNotOnTop};
+constexpr auto kClickType = std::to_array({C::optClick, C::optDbClick, C::optRightClick});
+constexpr auto kIntervalKind = std::to_array({C::optCustom, C::optRandom});
+constexpr auto kNumberOfClicks = std::to_array({C::optCount, C::optLoop});
+constexpr auto kTargetType = std::to_array({C::optApplication, C::optWeb});
+constexpr auto kStepSource = std::to_array({C::optManual, C::optFromTrack});
+constexpr auto kTrackRepetition = std::to_array({C::optRepeatTrack, C::optLooptrack});
+constexpr auto kImageRule = std::to_array({C::optImageInclude, C::optImageNotInclude});
+constexpr auto kStayOnTop = std::to_array({C::optTopMost, C::optNotOnTop});
 
-constexpr std::array<std::span<const C>, 8> kGroups = {
+constexpr auto kGroups = std::to_array<std::span<const C>>({
     kClickType, kIntervalKind, kNumberOfClicks, kTargetType,
-    kStepSource, kTrackRepetition, kImageRule, kStayOnTop};
+    kStepSource, kTrackRepetition, kImageRule, kStayOnTop});
 
-constexpr std::array<C, 8> kSelectedAtStart = {
+constexpr auto kSelectedAtStart = std::to_array({
     C::optClick, C::optCustom, C::optCount, C::optWeb,
-    C::optManual, C::optRepeatTrack, C::optImageInclude, C::optTopMost};
+    C::optManual, C::optRepeatTrack, C::optImageInclude, C::optTopMost});
 
 constexpr std::array<std::pair<C, const char*>, 5> kDefaultTexts = {{
     {C::txtMinutes, "0"}, {C::txtSeconds, "3"}, {C::txtMiliseconds, "0"},
     {C::txtCount, "1"}, {C::txtTrackNum, "1"}}};
 
-constexpr std::array<C, 16> kDisabledAtStart = {
+constexpr auto kDisabledAtStart = std::to_array({
     C::txtFromSec, C::txtToSec, C::lblFromSec, C::lblToSec, C::txtText,
     C::frmImage, C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY,
     C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY,
-    C::frmTrack, C::picScreen};
+    C::frmTrack, C::picScreen});
 
-constexpr std::array<C, 3> kDisabledTrackControls = {C::optRepeatTrack, C::optLooptrack, C::txtTrackNum};
+constexpr auto kDisabledTrackControls = std::to_array({C::optRepeatTrack, C::optLooptrack, C::txtTrackNum});
 
 constexpr const char* kCoordinatesHelp =
     "To set X ,Y coordinates move the mouse to desired \r\n"

@@ -16,11 +16,9 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 // never much beyond the longest line accepted.
 bool LineReader::fill() {
     if (eof_) return false;
-    if (begin_ > 0) {
-        std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
-        end_ -= begin_;
-        begin_ = 0;
-    }
+    std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+    end_ -= begin_;
+    begin_ = 0;
     if (end_ == buffer_.size()) {
         if (buffer_.size() > kLongestLine) return false;
         buffer_.resize(std::min(buffer_.size() * 2, kLongestLine + kChunk));
@@ -98,7 +96,7 @@ std::size_t LineReader::nextPlainIntegers(std::span<std::int32_t> out) {
     // "-2147483648\r\n", more than the nine bytes one read of digits looks at.
     constexpr std::size_t kLongestPlainLine = 13;
     std::size_t read = 0;
-    while (read < out.size() && !tooLong_) {
+    while (!tooLong_) {
         if (end_ - begin_ <= kLongestPlainLine) fill();
         const char* at = buffer_.data() + begin_;
         const char* const end = buffer_.data() + end_;

@@ -157,13 +157,12 @@ bool ProjectReader::pictureBlock(std::size_t& read) {
 // Fills `out` with pixel lines: plain integers in one pass, any other form by the
 // picture's own rule; answers how many arrived before a line that is no pixel.
 std::size_t ProjectReader::pixelRun(std::span<Colour> out, bool strict) {
-    std::size_t got = 0;
+    std::size_t got = lines_.nextPlainIntegers(out);
     while (got < out.size()) {
-        got += lines_.nextPlainIntegers(out.subspan(got));
-        if (got == out.size()) break;
         auto colour = strict ? strict32() : leading32();
         if (!colour) break;
         out[got++] = *colour;
+        got += lines_.nextPlainIntegers(out.subspan(got));
     }
     return got;
 }
@@ -222,14 +221,13 @@ bool ProjectReader::record() {
     return true;
 }
 
-// Reads the row's pixels column by column; pixelsRead_ counts how many arrived.
-bool ProjectReader::readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY) {
-    pixelsRead_ = 0;
+// Reads the row's pixels column by column; `read` counts those that arrived.
+bool ProjectReader::readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY, std::size_t& read) {
     const auto height = static_cast<std::size_t>(picture.lastY) + 1;
     for (std::int32_t x = 0; x <= lastX && lastY >= 0; ++x) {
         if (!ReferencePicture::inStore(x, 0)) return false;
         const std::size_t got = pixelRun(std::span(&picture.at(x, 0), height), true);
-        pixelsRead_ += got;
+        read += got;
         if (got < height || lastY > picture.lastY) return false;
     }
     return true;
@@ -261,8 +259,9 @@ bool ProjectReader::rowPicture(int r) {
     if (!lastY) return false;
     RowPicture& picture = m_.rows.lRowPixels[static_cast<std::size_t>(r)];
     picture.resize(std::min(*lastX, kPictureSide - 1), std::min(*lastY, kPictureSide - 1));
-    const bool complete = readPixels(picture, *lastX, *lastY);
-    if (pixelsRead_ > 0) overlays_.push_back({r, static_cast<std::size_t>(picture.lastY) + 1, pixelsRead_});
+    std::size_t read = 0;
+    const bool complete = readPixels(picture, *lastX, *lastY, read);
+    if (read > 0) overlays_.push_back({r, static_cast<std::size_t>(picture.lastY) + 1, read});
     if (!complete) return false;
     auto include = includeLine();
     if (!include) return false;

@@ -31,7 +31,7 @@ private:
     bool record();
     bool rowPicture(int r);
     std::size_t pixelRun(std::span<Colour> out, bool strict);
-    bool readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY);
+    bool readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY, std::size_t& read);
     bool readAll();
     void applyOverlays();
 
@@ -49,7 +49,6 @@ private:
     LineReader lines_;
     WindowModel& m_;
     TrackList& list_;
-    std::size_t pixelsRead_ = 0;
     // Row pictures in file order, laid over the window's picture once the reading ends.
     struct Overlay {
         int row;

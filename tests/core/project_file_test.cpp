@@ -155,9 +155,9 @@ TEST_F(ProjectFile, MultiLineAndNonAsciiTextsSurviveASaveAndALoad) {
 }
 
 TEST_F(ProjectFile, ACharacterTheCodePageLacksIsWrittenAsAQuestionMark) {
-    w.type(C::txtX, "a\xE2\x86\x92" "b");  // an arrow
+    w.type(C::txtX, "a\xE2\x86\x92" "b\xF0\x9F\x98\x80" "c");  // an arrow, a face
     save();
-    EXPECT_NE(saved().find("\r\na?b\r\n"), std::string::npos);
+    EXPECT_NE(saved().find("\r\na?b?c\r\n"), std::string::npos);
 }
 
 // Each line ends at its own CR LF or LF: whole files of either, a file whose endings
@@ -197,6 +197,7 @@ TEST_F(ProjectFile, PixelLinesOfOtherFormsAmidPlainOnesTakeTheirRule) {
     EXPECT_EQ(m.picture.pixel(199, 800), 16);
     EXPECT_EQ(m.picture.pixel(1000, 1000), 1001 * 1001 - 1);
     EXPECT_EQ(m.rows.lRowPixels[1].pixels, (std::vector<Colour>{4, 5, 6})) << "a row takes a whole number";
+    EXPECT_EQ(m.picture.pixel(0, 3), 3) << "the row lies over the picture only where it was read";
 }
 
 struct LoadCase {
@@ -261,8 +262,10 @@ const LoadCase kLoads[] = {
      }},
     {"MainPicturePixelsAreLenientRowPixelsStrict",
      lines({"True", "False", "0", "0", "0", "0", "1", "0", "0", "abc"}) + runSettings() +
-         lines({"1", "1", "1", "Custom", "0:3:0", "Click", "1", "No", "", "Yes", "True", "Yes", "0", "0", "abc"}),
+         lines({"1", "1", "1", "Custom", "0:3:0", "Click", "1", "No", "", "Yes", "True", "Yes", "0", "0", "abc"}) +
+         record("2"),
      [](ProjectFile& t) {
+         EXPECT_EQ(t.m.fgResult.rowCount(), 2) << "nothing after the bad pixel is read";
          EXPECT_EQ(t.m.picture.pixel(0, 0), 0);
          EXPECT_TRUE(t.w.form().enabled(C::picScreen));
          EXPECT_EQ(t.m.fgResult.cell(1, colImage), "Yes");
@@ -288,6 +291,12 @@ const LoadCase kLoads[] = {
          t.w.clock.advanceBy(3000);
          t.save();
          EXPECT_TRUE(t.saved().ends_with(lines({"Yes", "False", "Yes", "0", "0", "0", "0", "0", "0", "0", "0"})));
+     }},
+    {"ANegativePictureSizeHoldsNoPixelsAndSavesAsItCame",
+     imageOff() + runSettings() + record("1", "Yes") + lines({"-1", "5", "-1", "1", "2", "3", "4"}), [](ProjectFile& t) {
+         EXPECT_TRUE(t.m.rows.lRowPixels[1].pixels.empty());
+         t.save();
+         EXPECT_TRUE(t.saved().ends_with(lines({"Yes", "True", "Yes", "-1", "5", "-1", "1", "2", "3", "4"})));
      }},
     {"ARecordCutShortInItsCornersIsNoEntry",
      imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "-1", "1", "2"}), [](ProjectFile& t) {

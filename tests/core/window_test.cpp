@@ -131,7 +131,7 @@ TEST(SpinButtons, StepFromTheBuddysNumberWithinTheirRange) {
         const char* after;
     };
     for (Press p : {Press{C::UpDown2, C::txtMinutes, "0", +1, "1"}, {C::UpDown2, C::txtMinutes, "1", +1, "1"},
-                    {C::UpDown3, C::txtSeconds, "75", -1, "60"}, {C::UpDown3, C::txtSeconds, "60", +1, "60"},
+                    {C::UpDown3, C::txtSeconds, "75", -1, "60"}, {C::UpDown3, C::txtSeconds, "0", -1, "0"}, {C::UpDown3, C::txtSeconds, "60", +1, "60"},
                     {C::UpDown4, C::txtMiliseconds, "600", +1, "600"}, {C::UpDown4, C::txtMiliseconds, "0", -1, "0"},
                     {C::UpDown4, C::txtMiliseconds, "abc", +1, "1"}, {C::UpDown4, C::txtMiliseconds, "2.5", +1, "3"}}) {
         w.type(p.buddy, p.before);
