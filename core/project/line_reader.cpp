@@ -104,7 +104,8 @@ std::size_t LineReader::nextPlainIntegers(std::span<std::int32_t> out) {
         bool crLf = crLfLines_;
         while (read < out.size() && at < refill) {
             const char* next = at;
-            auto value = readEightDigits(next);
+            // Near the end of the file, fewer bytes are left than a word of digits takes.
+            auto value = end - at > 8 ? readEightDigits(next) : std::nullopt;
             if (!value) value = takePlainInteger(next, end);
             if (!value || next == end) break;
             const bool lineCrLf = *next == '\r';
