@@ -6,6 +6,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <thread>
 
 #include "posix/posix_durable_files.h"
@@ -16,11 +17,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Counts what reached the disk, and passes the work on.
+// Notes what reached the disk, and passes the work on.
 struct CountingFiles : posix::PosixDurableFiles {
-    int flushes = 0;
+    std::vector<std::string> flushed;
     bool flushToDisk(const fs::path& path) override {
-        ++flushes;
+        flushed.push_back(path.filename().string());
         return PosixDurableFiles::flushToDisk(path);
     }
 };
@@ -62,7 +63,9 @@ TEST_F(SafeSave, WritesTheLinkedFileKeepsOtherNamesModeAndOwnerAndReachesTheDisk
     EXPECT_EQ(read(file), "new");
     EXPECT_EQ(read(dir / "other.tpl"), "new") << "a hard-linked file is not split";
     EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_GE(files.flushes, 2);
+    ASSERT_GE(files.flushed.size(), 2u);
+    EXPECT_TRUE(std::regex_match(files.flushed.front(), std::regex(R"(\.setup\.tpl\.[0-9a-f]{16}\.saving)")))
+        << files.flushed.front();
 
     fs::remove(dir / "other.tpl");
     ASSERT_EQ(::chown(file.c_str(), 65534, 65534) == 0, ::geteuid() == 0);
