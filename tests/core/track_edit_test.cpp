@@ -162,7 +162,7 @@ TEST_F(TrackEdit, WritesTheCellsAsTypedIntoGridAndStore) {
 }
 
 TEST_F(TrackEdit, EntriesKeepTheirOwnCopiesOfTheCapturedPixels) {
-    w.setPicture(600, 200, 602, 203, 5000);
+    w.setPicture(600, 250, 602, 253, 5000);
     m.picture.pixel(3, 0) = 99;  // beyond the rectangle: left behind by an earlier picture
     w.frm.setCheck(C::chkRecImage, 1);
     w.frm.selectOption(C::optImageNotInclude);
@@ -174,13 +174,13 @@ TEST_F(TrackEdit, EntriesKeepTheirOwnCopiesOfTheCapturedPixels) {
     EXPECT_EQ(p.at(2, 3), 7003);
     EXPECT_EQ(m.rows.lRowInclude[1], 0);
     EXPECT_EQ(m.rows.lRowInclude[2], -1);
-    EXPECT_EQ(m.rows.lRowRect[1], (std::array<std::int32_t, 4>{600, 200, 602, 203}));
+    EXPECT_EQ(m.rows.lRowRect[1], (std::array<std::int32_t, 4>{600, 250, 602, 253}));
     EXPECT_EQ(m.fgResult.cell(1, colImage), "Yes");
 
     w.frm.fgResult_Click(1, 0);
     const ReferencePicture& loaded = m.picture;
     EXPECT_EQ((std::array{loaded.iTopX, loaded.iTopY, loaded.iBottomX, loaded.iBottomY}),
-              (std::array<std::int16_t, 4>{600, 200, 602, 203}));
+              (std::array<std::int16_t, 4>{600, 250, 602, 253}));
     EXPECT_EQ(m.picture.iPicMaxY, 3);
     w.setPicture(50, 60, 51, 60, 9000);
     m.picture.pixel(0, 0) = 1;
