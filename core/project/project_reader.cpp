@@ -143,8 +143,8 @@ bool ProjectReader::picture() {
 bool ProjectReader::pictureBlock(std::size_t& read) {
     ReferencePicture& picture = m_.picture;
     std::array<Colour, kPictureSide> column{};
+    const int height = std::min<int>(picture.iPicMaxY, kPictureSide - 1) + 1;
     for (int x = 0; x <= picture.iPicMaxX && picture.iPicMaxY >= 0; ++x) {
-        const int height = std::min<int>(picture.iPicMaxY, kPictureSide - 1) + 1;
         if (!ReferencePicture::inStore(x, 0)) return false;
         const std::size_t got = pixelRun(std::span(column.data(), static_cast<std::size_t>(height)), false);
         for (std::size_t y = 0; y < got; ++y) picture.pixel(x, static_cast<int>(y)) = column[y];

@@ -32,10 +32,14 @@ void ActiveWindowKeeper::note() {
     stackingBefore_ = stacking();
 }
 
+bool ActiveWindowKeeper::canBeTakenBy(const std::vector<Window>& target) const {
+    return activeBefore_ != None && std::find(target.begin(), target.end(), activeBefore_) == target.end();
+}
+
 bool ActiveWindowKeeper::restore(const std::vector<Window>& target, Time now) {
     const Window activeNow = active();
     const bool tookIt = std::find(target.begin(), target.end(), activeNow) != target.end();
-    if (!tookIt || activeNow == activeBefore_ || activeBefore_ == None) return false;
+    if (!tookIt || !canBeTakenBy(target)) return false;
     askWindowManager(activeBefore_, active_, kFromPager, static_cast<long>(now), 0);
     // The windows that were above it go back on top, in their order.
     const auto at = std::find(stackingBefore_.begin(), stackingBefore_.end(), activeNow);

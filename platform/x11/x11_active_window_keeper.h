@@ -15,6 +15,8 @@ public:
     explicit ActiveWindowKeeper(Display* display);
 
     void note();
+    // Whether the active window noted is one the target could take the place of.
+    bool canBeTakenBy(const std::vector<Window>& target) const;
     // target: the target's window and its ancestors. True when there was something to
     // give back.
     bool restore(const std::vector<Window>& target, Time now);

@@ -109,11 +109,13 @@ void X11InputRouter::awaitKeysRead() {
 // has answered a ping.
 void X11InputRouter::giveBackActiveWindow() {
     if (!visit_->chain) return;
+    std::vector<Window> target;
+    for (const WindowChain::Link& link : visit_->chain->links()) target.push_back(link.window);
+    // Most visits end here, without a wait: nothing can be taken from a target already active.
+    if (!keeper_.canBeTakenBy(target)) return;
     ping_.await(visit_->chain->topLevel().window, clock_.now(), kClickReadLimit);
     std::this_thread::sleep_for(kActivationGrace);
     XSync(x_.display(), False);
-    std::vector<Window> target;
-    for (const WindowChain::Link& link : visit_->chain->links()) target.push_back(link.window);
     // A target whose focus has just been taken away may ask once more (Qt does, after
     // typing).
     for (int asked = 0; asked < 3 && keeper_.restore(target, clock_.now()); ++asked)
