@@ -3,16 +3,22 @@
 #include <algorithm>
 
 #include "project/project_layout.h"
+#include "text/number_line.h"
 #include "text/windows1252.h"
 
 namespace quorlin {
 
 using C = Ctl;
 
+ProjectWriter::ProjectWriter(std::ostream& out)
+    : buffer_(kFlushAt + kLongestNumberLine), text_([&out](std::span<const char> text) {
+          return static_cast<bool>(out.write(text.data(), static_cast<std::streamsize>(text.size())));
+      }) {}
+
 bool ProjectWriter::write(WindowModel& m) {
     if (!imageSettings(m)) return false;
     runSettings(m.form);
-    return records(m) && flush();
+    return records(m) && flush() && text_.finish();
 }
 
 bool ProjectWriter::imageSettings(const WindowModel& m) {
@@ -94,11 +100,8 @@ void ProjectWriter::integer(std::int32_t value) {
     used_ = static_cast<std::size_t>(numberLine(buffer_.data() + used_, value) - buffer_.data());
 }
 
-// Pixels make up nearly all of a large file; their text goes straight to the stream.
-bool ProjectWriter::pixels(int columns, std::size_t height, const PixelText::ColumnSource& source) {
-    return flush() && pixelText_.write(columns, height, source, [this](std::span<const char> text) {
-        return static_cast<bool>(out_.write(text.data(), static_cast<std::streamsize>(text.size())));
-    });
+bool ProjectWriter::pixels(int columns, std::size_t height, const TextPipeline::ColumnSource& source) {
+    return flush() && text_.addPixels(columns, height, source);
 }
 
 void ProjectWriter::line(std::string_view bytes) {
@@ -113,9 +116,9 @@ void ProjectWriter::line(std::string_view bytes) {
 }
 
 bool ProjectWriter::flush() {
-    out_.write(buffer_.data(), static_cast<std::streamsize>(used_));
+    const bool written = text_.add({buffer_.data(), used_});
     used_ = 0;
-    return static_cast<bool>(out_);
+    return written;
 }
 
 }  // namespace quorlin

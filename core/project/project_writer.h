@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "model/window_model.h"
-#include "project/pixel_text.h"
+#include "project/text_pipeline.h"
 
 namespace quorlin {
 
@@ -15,7 +15,7 @@ namespace quorlin {
 // lone LF, so that a reader splitting lines at CR LF still takes the text as one value.
 class ProjectWriter {
 public:
-    explicit ProjectWriter(std::ostream& out) : out_(out), buffer_(kFlushAt + kLongestNumberLine) {}
+    explicit ProjectWriter(std::ostream& out);
 
     // False when the stream failed or a stored index lies beyond the stores.
     // Moves the grid's current cell to column 9 of the last data row, as it writes.
@@ -23,7 +23,6 @@ public:
 
 private:
     static constexpr std::size_t kFlushAt = 1 << 20;
-    static constexpr std::size_t kLongestNumberLine = 32;
 
     bool imageSettings(const WindowModel& m);
     bool picture(const ReferencePicture& picture);
@@ -35,14 +34,13 @@ private:
     void option(bool selected) { line(selected ? "True" : "False"); }
     void check(int value) { integer(value); }
     void integer(std::int32_t value);
-    bool pixels(int columns, std::size_t height, const PixelText::ColumnSource& source);
+    bool pixels(int columns, std::size_t height, const TextPipeline::ColumnSource& source);
     void line(std::string_view ascii);
     bool flush();
 
-    std::ostream& out_;
     std::vector<char> buffer_;
     std::size_t used_ = 0;
-    PixelText pixelText_;
+    TextPipeline text_;
 };
 
 }  // namespace quorlin

@@ -1,0 +1,91 @@
+#include "project/text_pipeline.h"
+
+#include <algorithm>
+#include <thread>
+
+#include "text/number_line.h"
+
+namespace quorlin {
+
+namespace {
+// Small enough to format while the part before is written; large enough that
+// starting its thread costs little.
+constexpr std::size_t kPixelsPerPart = std::size_t{1} << 18;
+}  // namespace
+
+TextPipeline::TextPipeline(Sink sink)
+    : sink_(std::move(sink)), cores_(std::max(1u, std::thread::hardware_concurrency())) {}
+
+bool TextPipeline::add(std::span<const char> text) {
+    if (failed_ || text.empty()) return !failed_;
+    if (queue_.empty()) {
+        failed_ = !sink_(text);
+        return !failed_;
+    }
+    Part& part = queued();
+    part.text.assign(text.begin(), text.end());
+    part.used = text.size();
+    return true;
+}
+
+bool TextPipeline::addPixels(int columns, std::size_t height, const ColumnSource& source) {
+    if (columns <= 0 || height == 0) return !failed_;
+    const std::size_t perPart = std::max<std::size_t>(1, kPixelsPerPart / height);
+    for (std::size_t from = 0; from < static_cast<std::size_t>(columns) && !failed_; from += perPart) {
+        while (formatting_ >= cores_ && writeOldest()) {
+        }
+        if (failed_) break;
+        const auto to = static_cast<int>(std::min<std::size_t>(columns, from + perPart));
+        Part& part = queued();
+        // Where no thread can be started, the part is formatted when its turn to be written comes.
+        part.formatting = std::async(std::launch::async | std::launch::deferred,
+                                     [&part, from = static_cast<int>(from), to, height, source] {
+                                         format(part, from, to, height, source);
+                                     });
+        ++formatting_;
+    }
+    return !failed_;
+}
+
+bool TextPipeline::finish() {
+    while (!queue_.empty() && writeOldest()) {
+    }
+    return !failed_;
+}
+
+TextPipeline::Part& TextPipeline::queued() {
+    Part& part = queue_.emplace_back();
+    if (!spare_.empty()) {
+        part.text = std::move(spare_.back());
+        spare_.pop_back();
+    }
+    return part;
+}
+
+// A failed write leaves the rest queued: their ends wait for the parts still formatting.
+bool TextPipeline::writeOldest() {
+    Part& part = queue_.front();
+    if (part.formatting.valid()) {
+        part.formatting.get();
+        --formatting_;
+    }
+    failed_ = !sink_({part.text.data(), part.used});
+    if (failed_) return false;
+    spare_.push_back(std::move(part.text));
+    queue_.pop_front();
+    return true;
+}
+
+void TextPipeline::format(Part& part, int from, int to, std::size_t height, const ColumnSource& source) {
+    const std::size_t room = static_cast<std::size_t>(to - from) * height * kLongestNumberLine;
+    if (part.text.size() < room) part.text.resize(room);
+    std::vector<Colour> column(height);
+    char* at = part.text.data();
+    for (int x = from; x < to; ++x) {
+        source(x, column);
+        for (Colour colour : column) at = numberLine(at, colour);
+    }
+    part.used = static_cast<std::size_t>(at - part.text.data());
+}
+
+}  // namespace quorlin

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <future>
+#include <span>
+#include <vector>
+
+#include "ports/screen_reader.h"
+
+namespace quorlin {
+
+// The text of a project file on its way to the stream, in order. Formatting pixels costs
+// more than writing them, so parts of pictures are formatted on every core ahead of the
+// writing, across pictures and the lines between them.
+class TextPipeline {
+public:
+    // Fills `column` with the pixels of column `x`, top down; called on other threads.
+    using ColumnSource = std::function<void(int x, std::span<Colour> column)>;
+    using Sink = std::function<bool(std::span<const char> text)>;
+
+    explicit TextPipeline(Sink sink);
+
+    // Each is false once the sink has failed; nothing more reaches it then. Text added
+    // may be written later: `finish` writes what is still queued.
+    bool add(std::span<const char> text);
+    // The number lines of the pixels, column by column. What `source` reads must stay
+    // as it is until `finish`.
+    bool addPixels(int columns, std::size_t height, const ColumnSource& source);
+    bool finish();
+
+private:
+    struct Part {
+        std::vector<char> text;
+        std::size_t used = 0;
+        // Last, so that a part still being formatted is waited for before its text goes.
+        std::future<void> formatting;
+    };
+    Part& queued();
+    bool writeOldest();
+    static void format(Part& part, int from, int to, std::size_t height, const ColumnSource& source);
+
+    Sink sink_;
+    std::size_t cores_;
+    std::size_t formatting_ = 0;
+    bool failed_ = false;
+    std::vector<std::vector<char>> spare_;
+    std::deque<Part> queue_;
+};
+
+}  // namespace quorlin
