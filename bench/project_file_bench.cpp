@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -94,14 +95,16 @@ Times measureOnce(testing::TestWindow& saving, const std::filesystem::path& ours
 
 }  // namespace
 
-int main() {
+int main(int argc, char** argv) {
+    const int rounds = argc > 1 ? std::max(1, std::atoi(argv[1])) : 5;
     const auto dir = std::filesystem::temp_directory_path() / "quorlin-project-bench";
     std::filesystem::create_directories(dir);
     testing::TestWindow saving;
     fillLargestProject(saving);
-    // The page cache makes single writes noisy: the best of five rounds counts.
+    // The page cache makes single writes noisy: the best of the rounds (five unless the
+    // first argument says otherwise) counts.
     Times best = measureOnce(saving, dir / "ours.tpl", dir / "plain.tpl");
-    for (int round = 1; round < 5; ++round) {
+    for (int round = 1; round < rounds; ++round) {
         Times t = measureOnce(saving, dir / "ours.tpl", dir / "plain.tpl");
         best = {std::min(best.save, t.save), std::min(best.plainWrite, t.plainWrite), std::min(best.load, t.load),
                 std::min(best.plainRead, t.plainRead), t.lines, t.bytes};

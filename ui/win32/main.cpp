@@ -5,6 +5,7 @@
 #include "main_window.h"
 #include "run/seeded_random.h"
 #include "win32/win32_desktop.h"
+#include "win32/win32_durable_files.h"
 #include "win32/win32_screen_reader.h"
 #include "win32/win32_text.h"
 #include "win32_dialogs.h"
@@ -23,7 +24,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int showCommand) {
         win32::Win32EventPump pump;
         win32::Win32Dialogs dialogs;
         SeededRandom random;
-        FrmMain frm({desktop, screen, timers, pump, dialogs, random}, win32::systemNumberLocale());
+        win32::Win32DurableFiles files;
+        FrmMain frm({desktop, screen, timers, pump, dialogs, random, &files}, win32::systemNumberLocale());
         frmPointer = &frm;
 
         win32::MainWindow window(frm);
