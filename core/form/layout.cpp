@@ -1,5 +1,6 @@
 #include "form/layout.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quorlin {
@@ -86,9 +87,8 @@ constexpr std::array<ControlLayout, kControlCount> kLayout = {{
 }};
 
 constexpr bool inEnumOrder() {
-    for (std::size_t i = 0; i < kLayout.size(); ++i)
-        if (indexOf(kLayout[i].id) != i) return false;
-    return true;
+    std::size_t i = 0;
+    return std::ranges::all_of(kLayout, [&i](const ControlLayout& control) { return indexOf(control.id) == i++; });
 }
 static_assert(inEnumOrder(), "the layout table lists the controls in the order of Ctl");
 

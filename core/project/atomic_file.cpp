@@ -6,7 +6,6 @@
 #include <fstream>
 #include <random>
 #include <string>
-#include <vector>
 
 namespace quorlin {
 
@@ -71,10 +70,7 @@ NewFile writeNew(const fs::path& file, const std::function<bool(std::ostream&)>&
     if (fs::exists(file, error)) return NewFile::NotCreated;
     bool written = false;
     {
-        std::vector<char> buffer(1 << 20);
-        std::ofstream out;
-        out.rdbuf()->pubsetbuf(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-        out.open(file, std::ios::binary | std::ios::trunc);
+        std::ofstream out(file, std::ios::binary | std::ios::trunc);
         if (!out) return NewFile::NotCreated;
         written = write(out) && out.flush();
         out.close();

@@ -1,7 +1,6 @@
 #include "project/project_commands.h"
 
 #include <fstream>
-#include <vector>
 
 #include "project/atomic_file.h"
 #include "project/project_reader.h"
@@ -31,10 +30,7 @@ void ProjectCommands::cmdLoad_Click() {
     auto path = p_.dialogs.openFile(projectDialog(m_.projectFileName));
     if (!path) return;
     m_.projectFileName = *path;
-    std::vector<char> buffer(1 << 16);
-    std::ifstream in;
-    in.rdbuf()->pubsetbuf(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-    in.open(*path, std::ios::binary);
+    std::ifstream in(*path, std::ios::binary);
     if (!in) return;
     ProjectReader(in, m_, list_).read();
 }

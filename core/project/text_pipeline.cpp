@@ -23,7 +23,7 @@ bool TextPipeline::add(std::span<const char> text) {
         return !failed_;
     }
     Part& part = queued();
-    part.text.assign(text.begin(), text.end());
+    std::copy(text.begin(), text.end(), part.text.ofAtLeast(text.size()));
     part.used = text.size();
     return true;
 }
@@ -69,7 +69,7 @@ bool TextPipeline::writeOldest() {
         part.formatting.get();
         --formatting_;
     }
-    failed_ = !sink_({part.text.data(), part.used});
+    failed_ = !sink_({part.text.bytes.get(), part.used});
     if (failed_) return false;
     spare_.push_back(std::move(part.text));
     queue_.pop_front();
@@ -77,15 +77,22 @@ bool TextPipeline::writeOldest() {
 }
 
 void TextPipeline::format(Part& part, int from, int to, std::size_t height, const ColumnSource& source) {
-    const std::size_t room = static_cast<std::size_t>(to - from) * height * kLongestNumberLine;
-    if (part.text.size() < room) part.text.resize(room);
+    char* const start = part.text.ofAtLeast(static_cast<std::size_t>(to - from) * height * kLongestNumberLine);
     std::vector<Colour> column(height);
-    char* at = part.text.data();
+    char* at = start;
     for (int x = from; x < to; ++x) {
         source(x, column);
         for (Colour colour : column) at = numberLine(at, colour);
     }
-    part.used = static_cast<std::size_t>(at - part.text.data());
+    part.used = static_cast<std::size_t>(at - start);
+}
+
+char* TextPipeline::Buffer::ofAtLeast(std::size_t size) {
+    if (room < size) {
+        bytes = std::make_unique_for_overwrite<char[]>(size);
+        room = size;
+    }
+    return bytes.get();
 }
 
 }  // namespace quorlin

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <future>
 #include <span>
 #include <vector>
@@ -31,8 +32,15 @@ public:
     bool finish();
 
 private:
+    // Text buffers are kept for the next parts, and never filled with zeros first: that
+    // alone would cost a good share of a large save.
+    struct Buffer {
+        std::unique_ptr<char[]> bytes;
+        std::size_t room = 0;
+        char* ofAtLeast(std::size_t size);
+    };
     struct Part {
-        std::vector<char> text;
+        Buffer text;
         std::size_t used = 0;
         // Last, so that a part still being formatted is waited for before its text goes.
         std::future<void> formatting;
@@ -45,7 +53,7 @@ private:
     std::size_t cores_;
     std::size_t formatting_ = 0;
     bool failed_ = false;
-    std::vector<std::vector<char>> spare_;
+    std::vector<Buffer> spare_;
     std::deque<Part> queue_;
 };
 

@@ -36,10 +36,9 @@ inline std::optional<std::int32_t> readEightDigits(const char*& at) {
     return static_cast<std::int32_t>(word & 0xFFFFFFFF);
 }
 
-// Every number below 10,000 as four digits with leading zeros, back to back, and room
-// for reading four bytes from anywhere inside them.
+// Every number below 10,000 as four digits with leading zeros, back to back.
 inline constexpr auto kFourDigits = [] {
-    std::array<char, 4 * 10000 + 4> digits{};
+    std::array<char, 4 * 10000> digits{};
     for (int value = 0; value < 10000; ++value)
         for (int place = 0, power = 1000; place < 4; ++place, power /= 10)
             digits[static_cast<std::size_t>(4 * value + place)] = static_cast<char>('0' + value / power % 10);
