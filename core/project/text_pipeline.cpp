@@ -31,10 +31,9 @@ bool TextPipeline::add(std::span<const char> text) {
 bool TextPipeline::addPixels(int columns, std::size_t height, const ColumnSource& source) {
     if (columns <= 0 || height == 0) return !failed_;
     const std::size_t perPart = std::max<std::size_t>(1, kPixelsPerPart / height);
-    for (std::size_t from = 0; from < static_cast<std::size_t>(columns) && !failed_; from += perPart) {
-        while (formatting_ >= cores_ && writeOldest()) {
-        }
-        if (failed_) break;
+    for (std::size_t from = 0; from < static_cast<std::size_t>(columns); from += perPart) {
+        while (!failed_ && formatting_ >= cores_) writeOldest();
+        if (failed_) return false;
         const auto to = static_cast<int>(std::min<std::size_t>(columns, from + perPart));
         Part& part = queued();
         // Where no thread can be started, the part is formatted when its turn to be written comes.
@@ -48,8 +47,7 @@ bool TextPipeline::addPixels(int columns, std::size_t height, const ColumnSource
 }
 
 bool TextPipeline::finish() {
-    while (!queue_.empty() && writeOldest()) {
-    }
+    while (!failed_ && !queue_.empty()) writeOldest();
     return !failed_;
 }
 
@@ -63,17 +61,15 @@ TextPipeline::Part& TextPipeline::queued() {
 }
 
 // A failed write leaves the rest queued: their ends wait for the parts still formatting.
-bool TextPipeline::writeOldest() {
+void TextPipeline::writeOldest() {
     Part& part = queue_.front();
     if (part.formatting.valid()) {
         part.formatting.get();
         --formatting_;
     }
     failed_ = !sink_({part.text.bytes.get(), part.used});
-    if (failed_) return false;
     spare_.push_back(std::move(part.text));
     queue_.pop_front();
-    return true;
 }
 
 void TextPipeline::format(Part& part, int from, int to, std::size_t height, const ColumnSource& source) {

@@ -46,7 +46,7 @@ private:
         std::future<void> formatting;
     };
     Part& queued();
-    bool writeOldest();
+    void writeOldest();
     static void format(Part& part, int from, int to, std::size_t height, const ColumnSource& source);
 
     Sink sink_;
