@@ -10,25 +10,10 @@ namespace quorlin::testing {
 namespace {
 
 // A disk that fills up after `room` bytes.
-class FullDisk : public std::streambuf {
-public:
-    explicit FullDisk(std::size_t room) : room_(room) {}
-    std::string taken;
-
-protected:
-    std::streamsize xsputn(const char* text, std::streamsize size) override {
-        const auto fits = std::min<std::size_t>(static_cast<std::size_t>(size), room_ - taken.size());
-        taken.append(text, fits);
-        return static_cast<std::streamsize>(fits);
-    }
-    int_type overflow(int_type c) override {
-        if (taken.size() == room_ || traits_type::eq_int_type(c, traits_type::eof())) return traits_type::eof();
-        taken.push_back(traits_type::to_char_type(c));
-        return c;
-    }
-
-private:
-    std::size_t room_;
+struct FullDisk : std::streambuf {
+    explicit FullDisk(std::size_t room) : bytes(room, '\0') { setp(bytes.data(), bytes.data() + room); }
+    std::string taken() const { return {pbase(), pptr()}; }
+    std::string bytes;
 };
 
 // A write that fails anywhere, in the lines or amid the pixels being formatted ahead,
@@ -46,7 +31,7 @@ TEST(ProjectWriter, AFullDiskFailsTheSaveWherever) {
         FullDisk disk(room);
         std::ostream out(&disk);
         EXPECT_FALSE(ProjectWriter(out).write(w.model())) << room;
-        EXPECT_EQ(disk.taken, text.substr(0, room)) << room;
+        EXPECT_EQ(disk.taken(), text.substr(0, room)) << room;
     }
 }
 
