@@ -38,6 +38,7 @@ bool ProjectWriter::picture(const ReferencePicture& picture) {
     return pixels(picture.iPicMaxX + 1, static_cast<std::size_t>(picture.iPicMaxY) + 1,
                   [&picture](int x, std::span<Colour> column) {
                       for (std::size_t y = 0; y < column.size(); ++y) column[y] = picture.pixel(x, static_cast<int>(y));
+                      return std::span<const Colour>(column);
                   });
 }
 
@@ -77,9 +78,8 @@ bool ProjectWriter::rowPicture(const RowStores& rows, int r) {
     if (picture.lastX >= 0 && picture.lastY >= 0) {
         if (!ReferencePicture::inStore(picture.lastX, picture.lastY)) return false;
         const auto height = static_cast<std::size_t>(picture.lastY) + 1;
-        const bool written = pixels(picture.lastX + 1, height, [&picture, height](int x, std::span<Colour> column) {
-            std::copy_n(picture.pixels.begin() + static_cast<std::ptrdiff_t>(static_cast<std::size_t>(x) * height),
-                        height, column.begin());
+        const bool written = pixels(picture.lastX + 1, height, [&picture, height](int x, std::span<Colour>) {
+            return std::span<const Colour>(picture.pixels).subspan(static_cast<std::size_t>(x) * height, height);
         });
         if (!written) return false;
     }

@@ -74,12 +74,10 @@ void TextPipeline::writeOldest() {
 
 void TextPipeline::format(Part& part, int from, int to, std::size_t height, const ColumnSource& source) {
     char* const start = part.text.ofAtLeast(static_cast<std::size_t>(to - from) * height * kLongestNumberLine);
-    std::vector<Colour> column(height);
+    std::vector<Colour> scratch(height);
     char* at = start;
-    for (int x = from; x < to; ++x) {
-        source(x, column);
-        for (Colour colour : column) at = numberLine(at, colour);
-    }
+    for (int x = from; x < to; ++x)
+        for (Colour colour : source(x, scratch)) at = numberLine(at, colour);
     part.used = static_cast<std::size_t>(at - start);
 }
 

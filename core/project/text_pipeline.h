@@ -17,8 +17,9 @@ namespace quorlin {
 // writing, across pictures and the lines between them.
 class TextPipeline {
 public:
-    // Fills `column` with the pixels of column `x`, top down; called on other threads.
-    using ColumnSource = std::function<void(int x, std::span<Colour> column)>;
+    // The pixels of column `x`, top down: where they lie in a store, or copied into
+    // `scratch`, which has room for a column. Called on other threads.
+    using ColumnSource = std::function<std::span<const Colour>(int x, std::span<Colour> scratch)>;
     using Sink = std::function<bool(std::span<const char> text)>;
 
     explicit TextPipeline(Sink sink);
