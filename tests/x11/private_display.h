@@ -26,23 +26,27 @@ inline std::vector<unsigned long> windowProperty(Display* d, Window w, const cha
 }
 
 // An X server of the test's own, made $DISPLAY while it lives, for changes no other
-// test may see: a resized screen, monitors, a window manager.
+// test may see: a resized screen, monitors, a window manager. `d` is the test's connection to it.
 class PrivateDisplay {
 public:
+    Display* d = nullptr;
+
     PrivateDisplay() {
         const auto number = server_.nextLine(std::chrono::seconds(20));
         if (!number) throw std::runtime_error("Xvfb did not start");
         if (const char* previous = std::getenv("DISPLAY")) previous_ = previous;
         setenv("DISPLAY", (":" + *number).c_str(), 1);
+        d = XOpenDisplay(nullptr);
     }
     ~PrivateDisplay() {
         windowManager_.reset();
+        if (d) XCloseDisplay(d);
         if (previous_.empty()) unsetenv("DISPLAY");
         else setenv("DISPLAY", previous_.c_str(), 1);
     }
 
     // Starts openbox and waits until it announces itself.
-    bool startWindowManager(Display* d) {
+    bool startWindowManager() {
         windowManager_ = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox", "--sm-disable"}, true);
         return eventually([&] { return !windowProperty(d, DefaultRootWindow(d), "_NET_SUPPORTING_WM_CHECK").empty(); },
                           std::chrono::seconds(10));

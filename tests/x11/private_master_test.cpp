@@ -36,8 +36,7 @@ long endedProcess() {
 // instance's pair stays; the program's own pair goes with it.
 TEST(PrivateMaster, LeftoversOfEndedProcessesGoAtStartAndTheOwnPairAtTheEnd) {
     PrivateDisplay server;
-    Display* d = XOpenDisplay(nullptr);
-    ASSERT_NE(d, nullptr);
+    Display* d = server.d;
     const std::string left = "Quorlin " + std::to_string(endedProcess());
     const std::string running = "Quorlin " + std::to_string(getppid());
     const std::string own = "Quorlin " + std::to_string(getpid());
@@ -51,7 +50,6 @@ TEST(PrivateMaster, LeftoversOfEndedProcessesGoAtStartAndTheOwnPairAtTheEnd) {
         EXPECT_TRUE(hasMaster(d, own + " pointer") && hasMaster(d, own + " keyboard"));
     }
     EXPECT_FALSE(hasMaster(d, own + " pointer") || hasMaster(d, own + " keyboard"));
-    XCloseDisplay(d);
 }
 
 }  // namespace

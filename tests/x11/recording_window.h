@@ -5,11 +5,15 @@
 
 #include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "eventually.h"
 
 namespace quorlin::testing {
+
+// A button event as the window saw it: type, button, x, y.
+using Buttons = std::vector<std::tuple<int, unsigned, int, int>>;
 
 // A real window on its own connection that records the input events it receives.
 class RecordingWindow {
@@ -48,6 +52,15 @@ public:
     const std::vector<XEvent>& receive(std::size_t count, int timeoutMs = 2000) {
         eventually([&] { return pump(), events_.size() >= count; }, std::chrono::milliseconds(timeoutMs));
         return events_;
+    }
+
+    // The button events among the first `count` input events.
+    Buttons buttons(std::size_t count, int timeoutMs = 2000) {
+        Buttons seen;
+        for (const XEvent& e : receive(count, timeoutMs))
+            if (e.type == ButtonPress || e.type == ButtonRelease)
+                seen.emplace_back(e.type, e.xbutton.button, e.xbutton.x, e.xbutton.y);
+        return seen;
     }
 
     // The text the key presses received so far spell, as the window's own lookup reads them.

@@ -4,7 +4,6 @@
 #include <X11/extensions/Xrandr.h>
 
 #include <algorithm>
-#include <functional>
 
 #include "private_display.h"
 #include "recording_window.h"
@@ -85,15 +84,7 @@ void resizeScreen(Display* d, int width, int height) {
 class ScreenGeometryTest : public ::testing::Test {
 protected:
     PrivateDisplay server;
-    Display* d = XOpenDisplay(nullptr);
-
-    ~ScreenGeometryTest() override { XCloseDisplay(d); }
-
-    void setMonitor(const char* name, bool primary, int x, int y, int width, int height) {
-        XRRMonitorInfo monitor{XInternAtom(d, name, False), primary, False, 0, x, y, width, height, width, height, nullptr};
-        XRRSetMonitor(d, DefaultRootWindow(d), &monitor);
-        XSync(d, False);
-    }
+    Display* d = server.d;
 };
 
 TEST_F(ScreenGeometryTest, ReadsAndLookUpsFollowTheScreenAsItShrinksAndGrows) {
@@ -114,7 +105,13 @@ TEST_F(ScreenGeometryTest, ReadsAndLookUpsFollowTheScreenAsItShrinksAndGrows) {
     }
 }
 
-// Monitors: a narrow one at the root's left edge, the primary to its right.
+struct Monitor {
+    const char* name;
+    bool primary;
+    int x, y, width, height;
+};
+
+// The pointer stays at (100, 50) on the root while the monitors change around it.
 TEST_F(ScreenGeometryTest, ScreenCoordinatesStartAtThePrimaryMonitorForReadoutClicksAndReads) {
     x11::X11Connection connection;
     x11::X11Desktop desktop(connection);
@@ -122,35 +119,23 @@ TEST_F(ScreenGeometryTest, ScreenCoordinatesStartAtThePrimaryMonitorForReadoutCl
     RecordingWindow target(50, 40, 100, 100);
     const Window root = DefaultRootWindow(d);
     XWarpPointer(d, None, root, 0, 0, 0, 0, 100, 50);
-    XSync(d, False);
 
-    const auto removeMonitors = [&] {
-        XRRDeleteMonitor(d, root, XInternAtom(d, "left", False));
-        XRRDeleteMonitor(d, root, XInternAtom(d, "right", False));
-        XSync(d, False);
-    };
     struct Case {
-        const char* layout;
-        std::function<void()> setUp;
+        std::vector<Monitor> monitors;
         ScreenPoint cursor;
     };
-    const Case cases[] = {
-        {"primary right of a 400 pixel monitor",
-         [&] {
-             setMonitor("left", false, 0, 0, 400, 1024);
-             setMonitor("right", true, 400, 0, 880, 1024);
-         },
-         {-300, 50}},
-        {"primary moved right and down",
-         [&] {
-             removeMonitors();
-             setMonitor("right", true, 200, 70, 1080, 954);
-         },
-         {-100, -20}},
-        {"no primary", removeMonitors, {100, 50}}};
+    const Case cases[] = {{{{"left", false, 0, 0, 400, 1024}, {"right", true, 400, 0, 880, 1024}}, {-300, 50}},
+                          {{{"right", true, 200, 70, 1080, 954}}, {-100, -20}},
+                          {{}, {100, 50}}};
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.layout);
-        c.setUp();
+        SCOPED_TRACE(::testing::Message() << c.monitors.size() << " monitors");
+        for (const char* name : {"left", "right"}) XRRDeleteMonitor(d, root, XInternAtom(d, name, False));
+        for (const Monitor& m : c.monitors) {
+            XRRMonitorInfo info{XInternAtom(d, m.name, False), m.primary, False, 0, m.x, m.y, m.width, m.height,
+                                m.width, m.height, nullptr};
+            XRRSetMonitor(d, root, &info);
+        }
+        XSync(d, False);
         const ScreenPoint at = desktop.cursorPos();
         EXPECT_EQ(at, c.cursor);
         // The point the readout shows is the point that clicks and reads there.

@@ -172,7 +172,7 @@ struct Desk {
     PrivateDisplay server;
     X11Connection connection;
     Display* d = connection.display();
-    bool managed = server.startWindowManager(d);
+    bool managed = server.startWindowManager();
     X11Desktop desktop{connection};
     Window own = XCreateSimpleWindow(d, DefaultRootWindow(d), 0, 0, 10, 10, 0, 0, 0);
     // The window the user works in, out of the targets' way: it keeps the focus.

@@ -16,11 +16,10 @@ using std::chrono::milliseconds;
 class WindowManagerTest : public ::testing::Test {
 protected:
     PrivateDisplay server;
-    Display* d = XOpenDisplay(nullptr);
+    Display* d = server.d;
     X11Window w;
 
-    ~WindowManagerTest() override { XCloseDisplay(d); }
-    void SetUp() override { ASSERT_TRUE(server.startWindowManager(d)) << "openbox did not start"; }
+    void SetUp() override { ASSERT_TRUE(server.startWindowManager()) << "openbox did not start"; }
 };
 
 bool becomesAbove(Display* d, Window w, bool above) {
@@ -38,12 +37,10 @@ TEST_F(WindowManagerTest, KeepsTheWindowAboveOrLetsItGo) {
     w.desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
     XMapWindow(d, window);
     EXPECT_TRUE(becomesAbove(d, window, true));
-    w.desktop.setTopMost(window, false);
-    EXPECT_TRUE(becomesAbove(d, window, false));
-    w.desktop.setTopMost(window, true);
-    EXPECT_TRUE(becomesAbove(d, window, true));
-    XDestroyWindow(d, window);
-    XSync(d, False);
+    for (const bool above : {false, true}) {
+        w.desktop.setTopMost(window, above);
+        EXPECT_TRUE(becomesAbove(d, window, above)) << above;
+    }
 }
 
 // Hands the recording window to the window manager, which frames it with a title bar;
@@ -52,26 +49,25 @@ TEST_F(WindowManagerTest, KeepsTheWindowAboveOrLetsItGo) {
 std::vector<unsigned long> frameAround(RecordingWindow& w) {
     Display* d = w.display();
     XStoreName(d, w.id(), "target");
+    XSetWindowAttributes managed{};
+    XChangeWindowAttributes(d, w.id(), CWOverrideRedirect, &managed);
+    std::vector<unsigned long> frame;
+    // The extents are set before the frame is mapped: wait for the frame to show too.
+    const auto framed = [&] {
+        frame = windowProperty(d, w.id(), "_NET_FRAME_EXTENTS");
+        XWindowAttributes parent{};
+        Window root = None, up = None, *children = nullptr;
+        unsigned int count = 0;
+        if (!XQueryTree(d, w.id(), &root, &up, &children, &count)) return false;
+        if (children) XFree(children);
+        return frame.size() == 4 && frame[2] > 0 && up != root && XGetWindowAttributes(d, up, &parent) &&
+               parent.map_state == IsViewable;
+    };
     for (int attempt = 0; attempt < 10; ++attempt) {
         XUnmapWindow(d, w.id());
-        XSetWindowAttributes managed{};
-        XChangeWindowAttributes(d, w.id(), CWOverrideRedirect, &managed);
         XMapWindow(d, w.id());
         XSync(d, False);
-        std::vector<unsigned long> frame;
-        // The extents are set before the frame is mapped: wait for the frame to show too.
-        const auto framed = [&] {
-            frame = windowProperty(d, w.id(), "_NET_FRAME_EXTENTS");
-            XWindowAttributes parent{};
-            Window root = None, up = None, *children = nullptr;
-            unsigned int count = 0;
-            if (!XQueryTree(d, w.id(), &root, &up, &children, &count)) return false;
-            if (children) XFree(children);
-            return frame.size() == 4 && frame[2] > 0 && up != root && XGetWindowAttributes(d, up, &parent) &&
-                   parent.map_state == IsViewable;
-        };
-        if (eventually(framed, milliseconds(300)))
-            return frame;
+        if (eventually(framed, milliseconds(300))) return frame;
     }
     return {};
 }
@@ -109,11 +105,7 @@ TEST_F(WindowManagerTest, AFrameStandsForTheClientItDecorates) {
     // manager never sees the click, so no menu of its own opens and grabs the pointer.
     w.frm.selectOption(Ctl::optRightClick);
     w.runAt({x + 100, y + title});
-    const auto& events = client.receive(2, 300);
-    ASSERT_EQ(events.size(), 1u);
-    EXPECT_EQ(events[0].type, ButtonRelease);
-    EXPECT_EQ(events[0].xbutton.button, 3u);
-    EXPECT_EQ(events[0].xbutton.y, title);
+    EXPECT_EQ(client.buttons(2, 300), (Buttons{{ButtonRelease, 3, 100, title}}));
     EXPECT_EQ(XGrabPointer(d, DefaultRootWindow(d), False, 0, GrabModeAsync, GrabModeAsync, None, None, CurrentTime),
               GrabSuccess);
     XUngrabPointer(d, CurrentTime);
