@@ -4,20 +4,22 @@
 
 #include "private_display.h"
 #include "recording_window.h"
-#include "x11_window.h"
+#include "run/window_messages.h"
+#include "x11/x11_desktop.h"
 
 namespace quorlin::testing {
 namespace {
 
 using std::chrono::milliseconds;
 
-// A display of the test's own, under openbox, and the whole window on it; the window's
-// private input devices are there before the manager starts, as when it runs already.
+// A display of the test's own, under openbox; the desktop's private input devices are
+// there before the manager starts, as when the program runs already.
 class WindowManagerTest : public ::testing::Test {
 protected:
     PrivateDisplay server;
     Display* d = server.d;
-    X11Window w;
+    x11::X11Connection connection;
+    x11::X11Desktop desktop{connection};
 
     void SetUp() override { ASSERT_TRUE(server.startWindowManager()) << "openbox did not start"; }
 };
@@ -32,13 +34,13 @@ bool becomesAbove(Display* d, Window w, bool above) {
 }
 
 TEST_F(WindowManagerTest, KeepsTheWindowAboveOrLetsItGo) {
-    Display* d = w.connection.display();  // the property and the mapping in one stream of requests
+    Display* d = connection.display();  // the property and the mapping in one stream of requests
     Window window = XCreateSimpleWindow(d, DefaultRootWindow(d), 10, 10, 100, 100, 0, 0, 0);
-    w.desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
+    desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
     XMapWindow(d, window);
     EXPECT_TRUE(becomesAbove(d, window, true));
     for (const bool above : {false, true}) {
-        w.desktop.setTopMost(window, above);
+        desktop.setTopMost(window, above);
         EXPECT_TRUE(becomesAbove(d, window, above)) << above;
     }
 }
@@ -96,15 +98,14 @@ TEST_F(WindowManagerTest, AFrameStandsForTheClientItDecorates) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.where);
         const ScreenPoint at{x + c.client.x, y + c.client.y};
-        const WindowHandle found = w.desktop.windowFromPoint(at);
+        const WindowHandle found = desktop.windowFromPoint(at);
         EXPECT_EQ(found, c.expected);
-        EXPECT_EQ(w.desktop.screenToClient(found, at), c.inExpected);
+        EXPECT_EQ(desktop.screenToClient(found, at), c.inExpected);
     }
 
-    // Above the client area only the release goes out, to the client: the window
-    // manager never sees the click, so no menu of its own opens and grabs the pointer.
-    w.frm.selectOption(Ctl::optRightClick);
-    w.runAt({x + 100, y + title});
+    // Above the client area a right click is only a release; it goes to the client: the
+    // window manager never sees it, so no menu of its own opens and grabs the pointer.
+    desktop.postMessage(client.id(), wm::WM_RBUTTONUP, 0, wm::mouseLParam(100, title));
     EXPECT_EQ(client.buttons(2, 300), (Buttons{{ButtonRelease, 3, 100, title}}));
     EXPECT_EQ(XGrabPointer(d, DefaultRootWindow(d), False, 0, GrabModeAsync, GrabModeAsync, None, None, CurrentTime),
               GrabSuccess);

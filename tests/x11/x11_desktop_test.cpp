@@ -5,7 +5,7 @@
 
 #include "recording_window.h"
 #include "run/window_messages.h"
-#include "x11_window.h"
+#include "x11/x11_desktop.h"
 
 namespace quorlin::testing {
 namespace {
@@ -34,12 +34,16 @@ TEST_F(X11DesktopTest, ButtonsGoToTheInnermostWindowWithClientAndRootCoordinates
     desktop.postMessage(w, WM_LBUTTONDBLCLK, MK_LBUTTON, mouseLParam(30, 20));
     desktop.postMessage(w, WM_RBUTTONDOWN, MK_RBUTTON, mouseLParam(-5, 10));
     desktop.postMessage(w, WM_RBUTTONUP, 0, mouseLParam(-5, 10));
+    // Posts to another window make a visit of their own there.
+    desktop.postMessage(outer.id(), WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(10, 5));
+    desktop.postMessage(outer.id(), WM_LBUTTONUP, 0, mouseLParam(10, 5));
     ASSERT_EQ(target.buttons(5), (Buttons{{ButtonPress, 1, 30, 20}, {ButtonRelease, 1, 30, 20},
                                           {ButtonPress, 1, 30, 20}, {ButtonPress, 3, -5, 10},
                                           {ButtonRelease, 3, -5, 10}}));
     const auto& events = target.receive(5);
     EXPECT_EQ((std::vector<int>{events[0].xbutton.x_root, events[0].xbutton.y_root, events[3].xbutton.x_root}),
               (std::vector<int>{250, 180, 215}));
+    EXPECT_EQ(outer.buttons(2), (Buttons{{ButtonPress, 1, 10, 5}, {ButtonRelease, 1, 10, 5}}));
 }
 
 TEST_F(X11DesktopTest, EveryTypedCharacterArrivesOnceAsThatCharacter) {
@@ -95,37 +99,15 @@ TEST_F(X11DesktopTest, LinksGoToTheDesktopsOpenCommand) {
         << opened();
 }
 
-TEST(EndToEnd, ATrackListPlaysItsStepsAgainstRealWindows) {
-    RecordingWindow first(100, 100, 50, 50);
-    RecordingWindow second(200, 100, 50, 50);
-    X11Window w;
-    TrackGrid& grid = w.frm.model().fgResult;
-    grid.setRowCount(3);
-    const char* rows[2][kGridColumns] = {{"1", "105", "110", "Custom", "0:1:0", "Click", "2", "No", "", "No"},
-                                         {"2", "240", "140", "Custom", "0:1:0", "RightClick", "1", "No", "", "No"}};
-    for (int r = 1; r <= 2; ++r)
-        for (int c = 0; c < kGridColumns; ++c) grid.setCell(r, c, rows[r - 1][c]);
-    w.frm.model().vFirstRowUsed = true;
-    w.frm.selectOption(Ctl::optFromTrack);
-    w.frm.cmdStart_Click();
-    EXPECT_EQ(first.buttons(4), (Buttons{{ButtonPress, 1, 5, 10}, {ButtonRelease, 1, 5, 10}, {ButtonPress, 1, 5, 10},
-                                         {ButtonRelease, 1, 5, 10}}));
-    EXPECT_EQ(second.buttons(2), (Buttons{{ButtonPress, 3, 40, 40}, {ButtonRelease, 3, 40, 40}}));
-}
-
-TEST(EndToEnd, APointOffTheScreenHasNoWindowAndNeverWraps) {
+TEST_F(X11DesktopTest, APointOffTheScreenHasNoWindowAndNeverWraps) {
     RecordingWindow target(800, 150, 100, 100);
-    X11Window w;
     const ScreenPoint offScreen[] = {{66386, 200}, {850 - 65536, 200}, {850, 200 + 65536}, {-1, 200}, {1280, 200},
                                      {850, 1024}, {2147483647, -2147483647 - 1}};
-    for (ScreenPoint p : offScreen) EXPECT_EQ(w.desktop.windowFromPoint(p), 0u) << p.x << "," << p.y;
-    EXPECT_EQ(w.desktop.windowFromPoint({850, 200}), target.id());
-    EXPECT_EQ(w.desktop.screenToClient(target.id(), {66386, 200}), (ScreenPoint{65586, 50}));
-    EXPECT_EQ(w.desktop.screenToClient(target.id(), {-2147483647 - 1, 2147483647}),
+    for (ScreenPoint p : offScreen) EXPECT_EQ(desktop.windowFromPoint(p), 0u) << p.x << "," << p.y;
+    EXPECT_EQ(desktop.windowFromPoint({850, 200}), target.id());
+    EXPECT_EQ(desktop.screenToClient(target.id(), {66386, 200}), (ScreenPoint{65586, 50}));
+    EXPECT_EQ(desktop.screenToClient(target.id(), {-2147483647 - 1, 2147483647}),
               (ScreenPoint{-2147483647 - 1, 2147483497}));
-    w.frm.selectOption(Ctl::optRightClick);
-    w.runAt({66386, 200});
-    EXPECT_TRUE(target.receive(1, 300).empty());
 }
 
 }  // namespace
