@@ -1,15 +1,76 @@
 #pragma once
 
 #include <X11/Xlib.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <memory>
+#include <optional>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
-#include "child_process.h"
 #include "eventually.h"
 
+extern char** environ;
+
 namespace quorlin::testing {
+
+// A program the test starts, reads line by line and ends with itself.
+class ChildProcess {
+public:
+    explicit ChildProcess(std::vector<std::string> argv, bool quiet = false) {
+        int out[2];
+        if (pipe(out) != 0) return;
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
+        posix_spawn_file_actions_addclose(&actions, out[0]);
+        if (quiet) posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        std::vector<char*> args;
+        for (auto& a : argv) args.push_back(a.data());
+        args.push_back(nullptr);
+        if (posix_spawnp(&pid_, args[0], &actions, nullptr, args.data(), environ) != 0) pid_ = 0;
+        posix_spawn_file_actions_destroy(&actions);
+        close(out[1]);
+        fd_ = out[0];
+    }
+    ~ChildProcess() {
+        if (pid_) kill(pid_, SIGTERM), waitpid(pid_, nullptr, 0);
+        if (fd_ >= 0) close(fd_);
+    }
+    ChildProcess(const ChildProcess&) = delete;
+    ChildProcess& operator=(const ChildProcess&) = delete;
+
+    // The next whole line of the program's output, unless it does not come in time.
+    std::optional<std::string> nextLine(std::chrono::milliseconds patience) {
+        const auto until = std::chrono::steady_clock::now() + patience;
+        std::size_t end;
+        while ((end = pending_.find('\n')) == std::string::npos) {
+            const auto left =
+                std::chrono::duration_cast<std::chrono::milliseconds>(until - std::chrono::steady_clock::now());
+            pollfd p{fd_, POLLIN, 0};
+            char buffer[512];
+            if (left.count() <= 0 || poll(&p, 1, static_cast<int>(left.count())) <= 0) return std::nullopt;
+            const ssize_t n = read(fd_, buffer, sizeof buffer);
+            if (n <= 0) return std::nullopt;
+            pending_.append(buffer, static_cast<std::size_t>(n));
+        }
+        std::string line = pending_.substr(0, end);
+        pending_.erase(0, end + 1);
+        return line;
+    }
+
+private:
+    pid_t pid_ = 0;
+    int fd_ = -1;
+    std::string pending_;
+};
 
 // A property of a window as 32-bit items (atoms, cardinals); empty when it is not set.
 inline std::vector<unsigned long> windowProperty(Display* d, Window w, const char* name) {
@@ -20,13 +81,14 @@ inline std::vector<unsigned long> windowProperty(Display* d, Window w, const cha
     XGetWindowProperty(d, w, XInternAtom(d, name, False), 0, 64, False, AnyPropertyType, &type, &format, &count,
                        &after, &data);
     std::vector<unsigned long> items;
-    if (data && format == 32) items.assign(reinterpret_cast<unsigned long*>(data), reinterpret_cast<unsigned long*>(data) + count);
+    const auto* first = reinterpret_cast<unsigned long*>(data);
+    if (data && format == 32) items.assign(first, first + count);
     if (data) XFree(data);
     return items;
 }
 
-// An X server of the test's own, made $DISPLAY while it lives, for changes no other
-// test may see: a resized screen, monitors, a window manager. `d` is the test's connection to it.
+// An X server of the test's own, made $DISPLAY while it lives, for changes no other test
+// may see: a resized screen, monitors, a window manager. `d` is the test's connection to it.
 class PrivateDisplay {
 public:
     Display* d = nullptr;

@@ -34,7 +34,7 @@ public:
         events_.clear();
     }
     ~RecordingWindow() {
-        if (window_) XDestroyWindow(d_, window_);
+        XDestroyWindow(d_, window_);  // gone once this returns, not when the server sees the connection close
         XCloseDisplay(d_);
     }
     RecordingWindow(const RecordingWindow&) = delete;
@@ -42,11 +42,6 @@ public:
 
     Window id() const { return window_; }
     Display* display() const { return d_; }
-    void destroy() {
-        XDestroyWindow(d_, window_);
-        XSync(d_, False);
-        window_ = 0;
-    }
 
     // Collects events until `count` input events have arrived or the time is up.
     const std::vector<XEvent>& receive(std::size_t count, int timeoutMs = 2000) {
@@ -54,7 +49,7 @@ public:
         return events_;
     }
 
-    // The button events among the first `count` input events.
+    // The button events received once `count` input events have come or the time is up.
     Buttons buttons(std::size_t count, int timeoutMs = 2000) {
         Buttons seen;
         for (const XEvent& e : receive(count, timeoutMs))

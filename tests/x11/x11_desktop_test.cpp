@@ -65,16 +65,16 @@ TEST_F(X11DesktopTest, EveryTypedCharacterArrivesOnceAsThatCharacter) {
 }
 
 TEST_F(X11DesktopTest, AVanishedTargetNeitherCrashesNorStopsLaterPosts) {
-    RecordingWindow gone(10, 10, 20, 20);
-    const WindowHandle stale = gone.id();
-    gone.destroy();
+    auto gone = std::make_unique<RecordingWindow>(10, 10, 20, 20);
+    RecordingWindow alive(40, 10, 20, 20);
+    const WindowHandle stale = gone->id();
+    gone.reset();
     desktop.postMessage(stale, WM_LBUTTONDOWN, MK_LBUTTON, 0);
     desktop.postMessage(stale, WM_CHAR, 'a', kKeyLParam);
     (void)desktop.screenToClient(stale, {1, 1});
     XSync(connection.display(), False);
     EXPECT_GT(X11Connection::errorCount(), 0u);
 
-    RecordingWindow alive(10, 10, 20, 20);
     desktop.postMessage(alive.id(), WM_LBUTTONDOWN, MK_LBUTTON, 0);
     EXPECT_EQ(alive.receive(1).size(), 1u);
 }
