@@ -81,19 +81,20 @@ void resizeScreen(Display* d, int width, int height) {
     XSync(d, False);
 }
 
-class ScreenGeometryTest : public ::testing::Test {
-protected:
-    PrivateDisplay server;
-    Display* d = server.d;
+struct Monitor {
+    const char* name;
+    bool primary;
+    int x, y, width, height;
 };
 
-TEST_F(ScreenGeometryTest, ReadsAndLookUpsFollowTheScreenAsItShrinksAndGrows) {
+TEST(ScreenGeometry, ReadsLookUpsAndTheReadoutFollowTheScreenSizeAndStartAtThePrimaryMonitor) {
+    PrivateDisplay server;
+    Display* d = server.d;
     resizeScreen(d, 1000, 800);  // smaller than the screen will grow to, before the reader starts
     x11::X11Connection connection;
     x11::X11Desktop desktop(connection);
     x11::X11ScreenReader reader(connection);
     RecordingWindow window(900, 700, 300, 200);
-
     for (const int width : {1280, 1000, 1280}) {
         const bool across = width == 1280;  // only the wide screen shows the window beyond x = 1000
         resizeScreen(d, width, across ? 1024 : 800);
@@ -103,23 +104,11 @@ TEST_F(ScreenGeometryTest, ReadsAndLookUpsFollowTheScreenAsItShrinksAndGrows) {
         EXPECT_EQ(read(reader, {1100, 790, 1100, 790}), (std::vector<Colour>{across ? kWhite : kOffScreen})) << width;
         EXPECT_EQ(desktop.windowFromPoint({1100, 750}), across ? window.id() : 0u) << width;
     }
-}
 
-struct Monitor {
-    const char* name;
-    bool primary;
-    int x, y, width, height;
-};
-
-// The pointer stays at (100, 50) on the root while the monitors change around it.
-TEST_F(ScreenGeometryTest, ScreenCoordinatesStartAtThePrimaryMonitorForReadoutClicksAndReads) {
-    x11::X11Connection connection;
-    x11::X11Desktop desktop(connection);
-    x11::X11ScreenReader reader(connection);
+    // The pointer stays at (100, 50) on the root while the monitors change around it.
     RecordingWindow target(50, 40, 100, 100);
     const Window root = DefaultRootWindow(d);
     XWarpPointer(d, None, root, 0, 0, 0, 0, 100, 50);
-
     struct Case {
         std::vector<Monitor> monitors;
         ScreenPoint cursor;
