@@ -16,13 +16,7 @@ def say(*words, out=sys.stdout):
 
 def start(command, **options):
     client = subprocess.Popen(command, stdout=subprocess.PIPE, text=True, **options)
-
-    def stop(*_):
-        client.terminate()
-        client.wait()
-        sys.exit(0)
-
-    signal.signal(signal.SIGTERM, stop)
+    signal.signal(signal.SIGTERM, lambda *_: (client.terminate(), client.wait(), sys.exit(0)))
     return client
 
 
@@ -71,26 +65,17 @@ def xterm_inside():
     tty.setraw(0)
     os.write(1, b"\x1b[?1000h")
     report_at(placements(["-id", os.environ["WINDOWID"]])[0], out=out)
-    typed, pending, last = "", b"", None
-    while True:
-        pending += os.read(0, 64)
-        while pending:
-            if pending.startswith(b"\x1b[M"):
-                if len(pending) < 6:
-                    break
-                button = pending[3] - 32
-                if button == 3 and last == 0:
-                    say("clicked", out=out)
-                elif button == 2:
-                    say("menu", out=out)
-                last, pending = button, pending[6:]
-            else:
-                char, pending = pending[:1].decode("latin-1"), pending[1:]
-                if char == "\r":
-                    say("text", typed, out=out)
-                    typed = ""
-                else:
-                    typed += char
+    keys, last = os.fdopen(0, "rb"), None
+    while key := keys.read(1):
+        if key != b"\x1b":
+            say("typed", key.decode("latin-1"), out=out)
+            continue
+        button = keys.read(5)[2] - 32
+        if button == 3 and last == 0:
+            say("clicked", out=out)
+        elif button == 2:
+            say("menu", out=out)
+        last = button
 
 
 # In kiosk mode on the local target page, on a profile of its own that goes with it;
