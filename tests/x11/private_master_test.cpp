@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "private_display.h"
 #include "x11/x11_private_master.h"
+#include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {

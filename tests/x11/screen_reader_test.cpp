@@ -5,10 +5,9 @@
 
 #include <algorithm>
 
-#include "private_display.h"
-#include "recording_window.h"
 #include "x11/x11_desktop.h"
 #include "x11/x11_screen_reader.h"
+#include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {

@@ -11,9 +11,9 @@
 
 #include <X11/Xutil.h>
 
-#include "private_display.h"
 #include "run/window_messages.h"
 #include "x11/x11_desktop.h"
+#include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 
-#include "private_display.h"
-#include "recording_window.h"
 #include "run/window_messages.h"
 #include "x11/x11_desktop.h"
+#include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {

@@ -3,9 +3,9 @@
 #include <filesystem>
 #include <fstream>
 
-#include "recording_window.h"
 #include "run/window_messages.h"
 #include "x11/x11_desktop.h"
+#include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {
