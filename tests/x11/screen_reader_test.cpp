@@ -58,18 +58,15 @@ TEST(ScreenReader, TheBulkReadEqualsOnePixelReadsWithRedInTheLowByteAndOffScreen
 // Reshapes the test's own screen the way xrandr does: the one output gets a mode of
 // the new size and the screen follows it.
 void resizeScreen(Display* d, int width, int height) {
+    static int modesMade = 0;
     const Window root = DefaultRootWindow(d);
     XRRScreenResources* resources = XRRGetScreenResources(d, root);
     RROutput output = resources->outputs[0];
-    RRMode mode = None;
+    std::string name = "quorlin-" + std::to_string(++modesMade);
     const auto w = static_cast<unsigned>(width), h = static_cast<unsigned>(height);
-    for (int i = 0; i < resources->nmode; ++i)
-        if (resources->modes[i].width == w && resources->modes[i].height == h) mode = resources->modes[i].id;
-    if (mode == None) {
-        std::string name = std::to_string(width) + "x" + std::to_string(height);
-        XRRModeInfo info{0, w, h, 0, 0, 0, w, 0, 0, 0, h, name.data(), static_cast<unsigned>(name.size()), 0};
-        XRRAddOutputMode(d, output, mode = XRRCreateMode(d, root, &info));
-    }
+    XRRModeInfo info{0, w, h, 0, 0, 0, w, 0, 0, 0, h, name.data(), static_cast<unsigned>(name.size()), 0};
+    const RRMode mode = XRRCreateMode(d, root, &info);
+    XRRAddOutputMode(d, output, mode);
     XWindowAttributes now;
     XGetWindowAttributes(d, root, &now);
     if (width > now.width || height > now.height)

@@ -11,18 +11,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// A display of the test's own, under openbox; the desktop's private input devices are
-// there before the manager starts, as when the program runs already.
-class WindowManagerTest : public ::testing::Test {
-protected:
-    PrivateDisplay server;
-    Display* d = server.d;
-    x11::X11Connection connection;
-    x11::X11Desktop desktop{connection};
-
-    void SetUp() override { ASSERT_TRUE(server.startWindowManager()) << "openbox did not start"; }
-};
-
 bool becomesAbove(Display* d, Window w, bool above) {
     const Atom aboveState = XInternAtom(d, "_NET_WM_STATE_ABOVE", False);
     return eventually([&] {
@@ -30,18 +18,6 @@ bool becomesAbove(Display* d, Window w, bool above) {
         const auto state = windowProperty(d, w, "_NET_WM_STATE");
         return (std::find(state.begin(), state.end(), aboveState) != state.end()) == above;
     }, milliseconds(3000));
-}
-
-TEST_F(WindowManagerTest, KeepsTheWindowAboveOrLetsItGo) {
-    Display* d = connection.display();  // the property and the mapping in one stream of requests
-    Window window = XCreateSimpleWindow(d, DefaultRootWindow(d), 10, 10, 100, 100, 0, 0, 0);
-    desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
-    XMapWindow(d, window);
-    EXPECT_TRUE(becomesAbove(d, window, true));
-    for (const bool above : {false, true}) {
-        desktop.setTopMost(window, above);
-        EXPECT_TRUE(becomesAbove(d, window, above)) << above;
-    }
 }
 
 // Hands the recording window to the window manager, which frames it with a title bar;
@@ -73,8 +49,25 @@ std::vector<unsigned long> frameAround(RecordingWindow& w) {
     return {};
 }
 
-// Points on the title bar and the border count as the client's, in its coordinates.
-TEST_F(WindowManagerTest, AFrameStandsForTheClientItDecorates) {
+// On a display of the test's own under openbox; the desktop's private input devices are
+// there before the manager starts, as when the program runs already.
+TEST(WindowManager, KeepsTheWindowAboveOrLetsItGoAndFramesStandForTheClientTheyDecorate) {
+    PrivateDisplay server;
+    x11::X11Connection connection;
+    x11::X11Desktop desktop{connection};
+    ASSERT_TRUE(server.startWindowManager()) << "openbox did not start";
+    Display* d = connection.display();  // the property and the mapping in one stream of requests
+    Window window = XCreateSimpleWindow(d, DefaultRootWindow(d), 10, 10, 100, 100, 0, 0, 0);
+    desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
+    XMapWindow(d, window);
+    EXPECT_TRUE(becomesAbove(d, window, true));
+    for (const bool above : {false, true}) {
+        desktop.setTopMost(window, above);
+        EXPECT_TRUE(becomesAbove(d, window, above)) << above;
+    }
+    XDestroyWindow(d, window);
+
+    // Points on the title bar and the border count as the client's, in its coordinates.
     RecordingWindow client(300, 200, 200, 150);
     const std::vector<unsigned long> frame = frameAround(client);
     ASSERT_EQ(frame.size(), 4u) << "openbox did not frame the window";
