@@ -175,8 +175,7 @@ struct Desk {
     std::map<std::string, std::unique_ptr<TargetApp>> apps;
     // The cases stand for a user's separate steps: one case's clicks must not make a
     // double click with the last case's on the same target.
-    std::string lastTarget;
-    std::chrono::steady_clock::time_point lastEnd;
+    std::map<std::string, std::chrono::steady_clock::time_point> lastEnd;
 
     Desk() {
         XStoreName(d, own, "Quorlin");
@@ -227,7 +226,7 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
     TargetApp& app = desk->app(c.target);
     ASSERT_TRUE(app.ready()) << c.target << " window did not come up";
     Display* d = desk->d;
-    if (c.target == desk->lastTarget) std::this_thread::sleep_until(desk->lastEnd + std::chrono::milliseconds(600));
+    std::this_thread::sleep_until(desk->lastEnd[c.target] + std::chrono::milliseconds(600));
     desk->focusUser();
     const UserState before = UserState::of(d);
     ASSERT_EQ(before.focus, desk->user);
@@ -247,8 +246,7 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
         app.lines(1);
     }
     desk->desktop.finishStep();
-    desk->lastTarget = c.target;
-    desk->lastEnd = std::chrono::steady_clock::now();
+    desk->lastEnd[c.target] = std::chrono::steady_clock::now();
     const UserState after = UserState::of(d);
     EXPECT_EQ(after.pointer, before.pointer);
     if (!t.freshEachCase) { EXPECT_EQ(after.focus, before.focus); }

@@ -29,6 +29,10 @@ TEST_F(X11DesktopTest, ButtonsGoToTheInnermostWindowWithClientAndRootCoordinates
     const WindowHandle w = desktop.windowFromPoint({250, 180});
     ASSERT_EQ(w, target.id());
     EXPECT_EQ(desktop.screenToClient(w, {250, 180}), (ScreenPoint{30, 20}));
+    // A window that takes no buttons leaves them to the nearest ancestor that does, as with a real click.
+    const Window pane = XCreateSimpleWindow(target.display(), target.id(), 60, 40, 20, 20, 0, 0, 0);
+    XMapWindow(target.display(), pane);
+    XSync(target.display(), False);
 
     desktop.postMessage(w, WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(30, 20));
     desktop.postMessage(w, WM_LBUTTONUP, 0, mouseLParam(30, 20));
@@ -38,10 +42,15 @@ TEST_F(X11DesktopTest, ButtonsGoToTheInnermostWindowWithClientAndRootCoordinates
     // Posts to another window make a visit of their own there.
     desktop.postMessage(outer.id(), WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(10, 5));
     desktop.postMessage(outer.id(), WM_LBUTTONUP, 0, mouseLParam(10, 5));
-    ASSERT_EQ(target.buttons(5), (Buttons{{ButtonPress, 1, 30, 20}, {ButtonRelease, 1, 30, 20},
+    desktop.postMessage(pane, WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(5, 5));
+    desktop.postMessage(pane, WM_LBUTTONUP, 0, mouseLParam(5, 5));
+    ASSERT_EQ(target.buttons(7), (Buttons{{ButtonPress, 1, 30, 20}, {ButtonRelease, 1, 30, 20},
                                           {ButtonPress, 1, 30, 20}, {ButtonPress, 3, -5, 10},
-                                          {ButtonRelease, 3, -5, 10}}));
-    const auto& events = target.receive(5);
+                                          {ButtonRelease, 3, -5, 10}, {ButtonPress, 1, 65, 45},
+                                          {ButtonRelease, 1, 65, 45}}));
+    const auto& events = target.receive(7);
+    EXPECT_EQ((std::vector<unsigned long>{events[0].xbutton.subwindow, events[5].xbutton.subwindow}),
+              (std::vector<unsigned long>{None, pane}));
     EXPECT_EQ((std::vector<int>{events[0].xbutton.x_root, events[0].xbutton.y_root, events[3].xbutton.x_root}),
               (std::vector<int>{250, 180, 215}));
     EXPECT_EQ(outer.buttons(2), (Buttons{{ButtonPress, 1, 10, 5}, {ButtonRelease, 1, 10, 5}}));
