@@ -254,13 +254,10 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
     EXPECT_TRUE(after.keymap == before.keymap);
 }
 
-const std::vector<std::string> kTwoClicks{"clicked", "clicked"};
-const std::vector<std::string> kOneClick{"clicked"};
-const std::vector<std::string> kDoubleClick{"clicked", "double", "clicked"};
-const std::vector<std::string> kMenu{"menu"};
-const std::vector<std::string> kNothing{};
-const std::vector<std::string> kBrowserDoubleClick{"clicked", "clicked", "double"};
-const std::vector<std::string> kTyped{"text Hello, 1!\xC3\xA9"};
+using Lines = std::vector<std::string>;
+const Lines kTwoClicks{"clicked", "clicked"}, kOneClick{"clicked"}, kDoubleClick{"clicked", "double", "clicked"};
+const Lines kBrowserDoubleClick{"clicked", "clicked", "double"}, kMenu{"menu"}, kNothing{};
+const Lines kTyped{"text Hello, 1!\xC3\xA9"};
 
 using enum Action;
 
@@ -276,8 +273,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Case{"tk", DBClick, kDoubleClick}, Case{"qt", DBClick, kDoubleClick},
                       Case{"xterm", DBClick, kTwoClicks}, Case{"xaw", DBClick, kOneClick},
                       Case{"gtk", RightClick, kMenu}, Case{"tk", RightClick, kMenu}, Case{"qt", RightClick, kMenu},
-                      Case{"xterm", RightClick, kMenu}, Case{"xaw", RightClick, kNothing},
-                      Case{"gtk", Typing, kTyped}, Case{"tk", Typing, kTyped}, Case{"qt", Typing, kTyped},
+                      Case{"xterm", RightClick, kMenu}, Case{"xaw", RightClick, kNothing}, Case{"gtk", Typing, kTyped},
+                      Case{"tk", Typing, kTyped}, Case{"qt", Typing, kTyped},
                       Case{"xterm", Typing, kOneClick, "Quorlin - typing cannot reach \"xterm target\""}),
     nameOf);
 
@@ -287,9 +284,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(Case{"firefox", Click, kTwoClicks}, Case{"firefox", WebClick, kTwoClicks},
                       Case{"firefox", DBClick, kBrowserDoubleClick}, Case{"firefox", RightClick, kMenu},
                       Case{"firefox", Typing, kTyped}, Case{"chromium", Click, kTwoClicks},
-                      Case{"chromium", WebClick, kTwoClicks},
-                      Case{"chromium", DBClick, kBrowserDoubleClick}, Case{"chromium", RightClick, kMenu},
-                      Case{"chromium", Typing, kTyped}),
+                      Case{"chromium", WebClick, kTwoClicks}, Case{"chromium", DBClick, kBrowserDoubleClick},
+                      Case{"chromium", RightClick, kMenu}, Case{"chromium", Typing, kTyped}),
     nameOf);
 
 }  // namespace
