@@ -174,7 +174,7 @@ struct Desk {
     Window user = XCreateSimpleWindow(d, DefaultRootWindow(d), 1060, 900, 200, 100, 0, 0, 0);
     std::map<std::string, std::unique_ptr<TargetApp>> apps;
     // The cases stand for a user's separate steps: one case's clicks must not make a
-    // double click with the last case's on the same target.
+    // double click with an earlier case's on the same target.
     std::map<std::string, std::chrono::steady_clock::time_point> lastEnd;
 
     Desk() {
