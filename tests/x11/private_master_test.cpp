@@ -5,8 +5,8 @@
 
 #include <algorithm>
 
-#include "private_display.h"
 #include "x11/x11_private_master.h"
+#include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {
@@ -19,30 +19,22 @@ bool hasMaster(Display* d, const std::string& name) {
     return found;
 }
 
-void addMaster(Display* d, std::string name) {
-    XIAddMasterInfo add{XIAddMaster, name.data(), False, True};
-    XIChangeHierarchy(d, reinterpret_cast<XIAnyHierarchyChangeInfo*>(&add), 1);
-    XSync(d, False);
-}
-
-long endedProcess() {
-    const pid_t child = fork();
-    if (child == 0) _exit(0);
-    waitpid(child, nullptr, 0);
-    return child;
-}
-
 // A pair left by a process that has ended goes at the next start; a running
 // instance's pair stays; the program's own pair goes with it.
 TEST(PrivateMaster, LeftoversOfEndedProcessesGoAtStartAndTheOwnPairAtTheEnd) {
     PrivateDisplay server;
-    Display* d = XOpenDisplay(nullptr);
-    ASSERT_NE(d, nullptr);
-    const std::string left = "Quorlin " + std::to_string(endedProcess());
+    Display* d = server.d;
+    const pid_t ended = fork();
+    if (ended == 0) _exit(0);
+    waitpid(ended, nullptr, 0);
+    const std::string left = "Quorlin " + std::to_string(ended);
     const std::string running = "Quorlin " + std::to_string(getppid());
     const std::string own = "Quorlin " + std::to_string(getpid());
-    addMaster(d, left);
-    addMaster(d, running);
+    for (std::string name : {left, running}) {
+        XIAddMasterInfo add{XIAddMaster, name.data(), False, True};
+        XIChangeHierarchy(d, reinterpret_cast<XIAnyHierarchyChangeInfo*>(&add), 1);
+    }
+    XSync(d, False);
     {
         x11::PrivateMaster master(DisplayString(d));
         EXPECT_FALSE(hasMaster(d, left + " pointer"));
@@ -51,7 +43,6 @@ TEST(PrivateMaster, LeftoversOfEndedProcessesGoAtStartAndTheOwnPairAtTheEnd) {
         EXPECT_TRUE(hasMaster(d, own + " pointer") && hasMaster(d, own + " keyboard"));
     }
     EXPECT_FALSE(hasMaster(d, own + " pointer") || hasMaster(d, own + " keyboard"));
-    XCloseDisplay(d);
 }
 
 }  // namespace

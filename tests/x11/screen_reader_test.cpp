@@ -4,12 +4,10 @@
 #include <X11/extensions/Xrandr.h>
 
 #include <algorithm>
-#include <functional>
 
-#include "private_display.h"
-#include "recording_window.h"
 #include "x11/x11_desktop.h"
 #include "x11/x11_screen_reader.h"
+#include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {
@@ -60,18 +58,15 @@ TEST(ScreenReader, TheBulkReadEqualsOnePixelReadsWithRedInTheLowByteAndOffScreen
 // Reshapes the test's own screen the way xrandr does: the one output gets a mode of
 // the new size and the screen follows it.
 void resizeScreen(Display* d, int width, int height) {
+    static int modesMade = 0;
     const Window root = DefaultRootWindow(d);
     XRRScreenResources* resources = XRRGetScreenResources(d, root);
     RROutput output = resources->outputs[0];
-    RRMode mode = None;
+    std::string name = "quorlin-" + std::to_string(++modesMade);
     const auto w = static_cast<unsigned>(width), h = static_cast<unsigned>(height);
-    for (int i = 0; i < resources->nmode; ++i)
-        if (resources->modes[i].width == w && resources->modes[i].height == h) mode = resources->modes[i].id;
-    if (mode == None) {
-        std::string name = std::to_string(width) + "x" + std::to_string(height);
-        XRRModeInfo info{0, w, h, 0, 0, 0, w, 0, 0, 0, h, name.data(), static_cast<unsigned>(name.size()), 0};
-        XRRAddOutputMode(d, output, mode = XRRCreateMode(d, root, &info));
-    }
+    XRRModeInfo info{0, w, h, 0, 0, 0, w, 0, 0, 0, h, name.data(), static_cast<unsigned>(name.size()), 0};
+    const RRMode mode = XRRCreateMode(d, root, &info);
+    XRRAddOutputMode(d, output, mode);
     XWindowAttributes now;
     XGetWindowAttributes(d, root, &now);
     if (width > now.width || height > now.height)
@@ -82,27 +77,20 @@ void resizeScreen(Display* d, int width, int height) {
     XSync(d, False);
 }
 
-class ScreenGeometryTest : public ::testing::Test {
-protected:
-    PrivateDisplay server;
-    Display* d = XOpenDisplay(nullptr);
-
-    ~ScreenGeometryTest() override { XCloseDisplay(d); }
-
-    void setMonitor(const char* name, bool primary, int x, int y, int width, int height) {
-        XRRMonitorInfo monitor{XInternAtom(d, name, False), primary, False, 0, x, y, width, height, width, height, nullptr};
-        XRRSetMonitor(d, DefaultRootWindow(d), &monitor);
-        XSync(d, False);
-    }
+struct Monitor {
+    const char* name;
+    bool primary;
+    int x, y, width, height;
 };
 
-TEST_F(ScreenGeometryTest, ReadsAndLookUpsFollowTheScreenAsItShrinksAndGrows) {
+TEST(ScreenGeometry, ReadsLookUpsAndTheReadoutFollowTheScreenSizeAndStartAtThePrimaryMonitor) {
+    PrivateDisplay server;
+    Display* d = server.d;
     resizeScreen(d, 1000, 800);  // smaller than the screen will grow to, before the reader starts
     x11::X11Connection connection;
     x11::X11Desktop desktop(connection);
     x11::X11ScreenReader reader(connection);
     RecordingWindow window(900, 700, 300, 200);
-
     for (const int width : {1280, 1000, 1280}) {
         const bool across = width == 1280;  // only the wide screen shows the window beyond x = 1000
         resizeScreen(d, width, across ? 1024 : 800);
@@ -112,45 +100,27 @@ TEST_F(ScreenGeometryTest, ReadsAndLookUpsFollowTheScreenAsItShrinksAndGrows) {
         EXPECT_EQ(read(reader, {1100, 790, 1100, 790}), (std::vector<Colour>{across ? kWhite : kOffScreen})) << width;
         EXPECT_EQ(desktop.windowFromPoint({1100, 750}), across ? window.id() : 0u) << width;
     }
-}
 
-// Monitors: a narrow one at the root's left edge, the primary to its right.
-TEST_F(ScreenGeometryTest, ScreenCoordinatesStartAtThePrimaryMonitorForReadoutClicksAndReads) {
-    x11::X11Connection connection;
-    x11::X11Desktop desktop(connection);
-    x11::X11ScreenReader reader(connection);
+    // The pointer stays at (100, 50) on the root while the monitors change around it.
     RecordingWindow target(50, 40, 100, 100);
     const Window root = DefaultRootWindow(d);
     XWarpPointer(d, None, root, 0, 0, 0, 0, 100, 50);
-    XSync(d, False);
-
-    const auto removeMonitors = [&] {
-        XRRDeleteMonitor(d, root, XInternAtom(d, "left", False));
-        XRRDeleteMonitor(d, root, XInternAtom(d, "right", False));
-        XSync(d, False);
-    };
     struct Case {
-        const char* layout;
-        std::function<void()> setUp;
+        std::vector<Monitor> monitors;
         ScreenPoint cursor;
     };
-    const Case cases[] = {
-        {"primary right of a 400 pixel monitor",
-         [&] {
-             setMonitor("left", false, 0, 0, 400, 1024);
-             setMonitor("right", true, 400, 0, 880, 1024);
-         },
-         {-300, 50}},
-        {"primary moved right and down",
-         [&] {
-             removeMonitors();
-             setMonitor("right", true, 200, 70, 1080, 954);
-         },
-         {-100, -20}},
-        {"no primary", removeMonitors, {100, 50}}};
+    const Case cases[] = {{{{"left", false, 0, 0, 400, 1024}, {"right", true, 400, 0, 880, 1024}}, {-300, 50}},
+                          {{{"right", true, 200, 70, 1080, 954}}, {-100, -20}},
+                          {{}, {100, 50}}};
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.layout);
-        c.setUp();
+        SCOPED_TRACE(::testing::Message() << c.monitors.size() << " monitors");
+        for (const char* name : {"left", "right"}) XRRDeleteMonitor(d, root, XInternAtom(d, name, False));
+        for (const Monitor& m : c.monitors) {
+            XRRMonitorInfo info{XInternAtom(d, m.name, False), m.primary, False, 0, m.x, m.y, m.width, m.height,
+                                m.width, m.height, nullptr};
+            XRRSetMonitor(d, root, &info);
+        }
+        XSync(d, False);
         const ScreenPoint at = desktop.cursorPos();
         EXPECT_EQ(at, c.cursor);
         // The point the readout shows is the point that clicks and reads there.

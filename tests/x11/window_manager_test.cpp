@@ -2,26 +2,14 @@
 
 #include <algorithm>
 
-#include "private_display.h"
-#include "recording_window.h"
-#include "x11_window.h"
+#include "run/window_messages.h"
+#include "x11/x11_desktop.h"
+#include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {
 
 using std::chrono::milliseconds;
-
-// A display of the test's own, under openbox, and the whole window on it; the window's
-// private input devices are there before the manager starts, as when it runs already.
-class WindowManagerTest : public ::testing::Test {
-protected:
-    PrivateDisplay server;
-    Display* d = XOpenDisplay(nullptr);
-    X11Window w;
-
-    ~WindowManagerTest() override { XCloseDisplay(d); }
-    void SetUp() override { ASSERT_TRUE(server.startWindowManager(d)) << "openbox did not start"; }
-};
 
 bool becomesAbove(Display* d, Window w, bool above) {
     const Atom aboveState = XInternAtom(d, "_NET_WM_STATE_ABOVE", False);
@@ -32,88 +20,71 @@ bool becomesAbove(Display* d, Window w, bool above) {
     }, milliseconds(3000));
 }
 
-TEST_F(WindowManagerTest, KeepsTheWindowAboveOrLetsItGo) {
-    Display* d = w.connection.display();  // the property and the mapping in one stream of requests
-    Window window = XCreateSimpleWindow(d, DefaultRootWindow(d), 10, 10, 100, 100, 0, 0, 0);
-    w.desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
-    XMapWindow(d, window);
-    EXPECT_TRUE(becomesAbove(d, window, true));
-    w.desktop.setTopMost(window, false);
-    EXPECT_TRUE(becomesAbove(d, window, false));
-    w.desktop.setTopMost(window, true);
-    EXPECT_TRUE(becomesAbove(d, window, true));
-    XDestroyWindow(d, window);
-    XSync(d, False);
-}
-
 // Hands the recording window to the window manager, which frames it with a title bar;
 // returns the frame's left, right, top and bottom widths. A manager still starting up
 // can miss a mapping, so the window is mapped again until it is framed.
 std::vector<unsigned long> frameAround(RecordingWindow& w) {
     Display* d = w.display();
     XStoreName(d, w.id(), "target");
+    XSetWindowAttributes managed{};
+    XChangeWindowAttributes(d, w.id(), CWOverrideRedirect, &managed);
+    std::vector<unsigned long> frame;
+    // The extents are set before the frame is mapped: wait for the frame to show too.
+    const auto framed = [&] {
+        frame = windowProperty(d, w.id(), "_NET_FRAME_EXTENTS");
+        XWindowAttributes parent{};
+        Window root = None, up = None, *children = nullptr;
+        unsigned int count = 0;
+        if (!XQueryTree(d, w.id(), &root, &up, &children, &count)) return false;
+        if (children) XFree(children);
+        return frame.size() == 4 && frame[2] > 0 && up != root && XGetWindowAttributes(d, up, &parent) &&
+               parent.map_state == IsViewable;
+    };
     for (int attempt = 0; attempt < 10; ++attempt) {
         XUnmapWindow(d, w.id());
-        XSetWindowAttributes managed{};
-        XChangeWindowAttributes(d, w.id(), CWOverrideRedirect, &managed);
         XMapWindow(d, w.id());
         XSync(d, False);
-        std::vector<unsigned long> frame;
-        // The extents are set before the frame is mapped: wait for the frame to show too.
-        const auto framed = [&] {
-            frame = windowProperty(d, w.id(), "_NET_FRAME_EXTENTS");
-            XWindowAttributes parent{};
-            Window root = None, up = None, *children = nullptr;
-            unsigned int count = 0;
-            if (!XQueryTree(d, w.id(), &root, &up, &children, &count)) return false;
-            if (children) XFree(children);
-            return frame.size() == 4 && frame[2] > 0 && up != root && XGetWindowAttributes(d, up, &parent) &&
-                   parent.map_state == IsViewable;
-        };
-        if (eventually(framed, milliseconds(300)))
-            return frame;
+        if (eventually(framed, milliseconds(300))) return frame;
     }
     return {};
 }
 
-TEST_F(WindowManagerTest, AFrameStandsForTheClientItDecorates) {
+// On a display of the test's own under openbox; the desktop's private input devices are
+// there before the manager starts, as when the program runs already.
+TEST(WindowManager, KeepsTheWindowAboveOrLetsItGoAndFramesStandForTheClientTheyDecorate) {
+    PrivateDisplay server;
+    x11::X11Connection connection;
+    x11::X11Desktop desktop{connection};
+    ASSERT_TRUE(server.startWindowManager()) << "openbox did not start";
+    Display* d = connection.display();  // the property and the mapping in one stream of requests
+    Window window = XCreateSimpleWindow(d, DefaultRootWindow(d), 10, 10, 100, 100, 0, 0, 0);
+    desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
+    XMapWindow(d, window);
+    EXPECT_TRUE(becomesAbove(d, window, true));
+    for (const bool above : {false, true}) {
+        desktop.setTopMost(window, above);
+        EXPECT_TRUE(becomesAbove(d, window, above)) << above;
+    }
+    XDestroyWindow(d, window);
+
+    // Points on the title bar and the border count as the client's, in its coordinates.
     RecordingWindow client(300, 200, 200, 150);
-    RecordingWindow button(20, 20, 40, 30, client.id());
     const std::vector<unsigned long> frame = frameAround(client);
     ASSERT_EQ(frame.size(), 4u) << "openbox did not frame the window";
-    const int border = -static_cast<int>(frame[0]);
     const int title = -static_cast<int>(frame[2]) / 2;
     int x = 0, y = 0;
     Window child = None;
     XTranslateCoordinates(d, client.id(), DefaultRootWindow(d), 0, 0, &x, &y, &child);
-
-    struct Case {
-        const char* where;
-        ScreenPoint client;
-        Window expected;
-        ScreenPoint inExpected;
-    };
-    const Case cases[] = {{"title bar", {100, title}, client.id(), {100, title}},
-                          {"left border", {border, 50}, client.id(), {border, 50}},
-                          {"client area", {100, 100}, client.id(), {100, 100}},
-                          {"the client's own child", {30, 30}, button.id(), {10, 10}}};
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.where);
-        const ScreenPoint at{x + c.client.x, y + c.client.y};
-        const WindowHandle found = w.desktop.windowFromPoint(at);
-        EXPECT_EQ(found, c.expected);
-        EXPECT_EQ(w.desktop.screenToClient(found, at), c.inExpected);
+    for (const ScreenPoint inClient : {ScreenPoint{100, title}, ScreenPoint{-static_cast<int>(frame[0]), 50}}) {
+        const ScreenPoint at{x + inClient.x, y + inClient.y};
+        EXPECT_EQ(desktop.windowFromPoint(at), client.id()) << inClient.x << "," << inClient.y;
+        EXPECT_EQ(desktop.screenToClient(client.id(), at), inClient);
     }
 
-    // Above the client area only the release goes out, to the client: the window
-    // manager never sees the click, so no menu of its own opens and grabs the pointer.
-    w.frm.selectOption(Ctl::optRightClick);
-    w.runAt({x + 100, y + title});
-    const auto& events = client.receive(2, 300);
-    ASSERT_EQ(events.size(), 1u);
-    EXPECT_EQ(events[0].type, ButtonRelease);
-    EXPECT_EQ(events[0].xbutton.button, 3u);
-    EXPECT_EQ(events[0].xbutton.y, title);
+    // Above the client area a right click is only a release; it goes to the client: the
+    // window manager never sees it, so no menu of its own opens and grabs the pointer.
+    desktop.postMessage(client.id(), wm::WM_RBUTTONUP, 0, wm::mouseLParam(100, title));
+    EXPECT_EQ(client.buttons(2, 300), (Buttons{{ButtonRelease, 3, 100, title}}));
     EXPECT_EQ(XGrabPointer(d, DefaultRootWindow(d), False, 0, GrabModeAsync, GrabModeAsync, None, None, CurrentTime),
               GrabSuccess);
     XUngrabPointer(d, CurrentTime);

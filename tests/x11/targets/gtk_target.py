@@ -8,13 +8,6 @@ def say(*words):
     print(*words, flush=True)
 
 
-def centre(widget):
-    x, y = widget.translate_coordinates(window, 0, 0)
-    _, ox, oy = window.get_window().get_origin()
-    a = widget.get_allocation()
-    return ox + x + a.width // 2, oy + y + a.height // 2
-
-
 def pressed(_, event):
     if event.type == Gdk.EventType._2BUTTON_PRESS:
         say("double")
@@ -28,10 +21,12 @@ def entered(entry):
 
 
 def report():
-    say("at button", *centre(button))
-    say("at entry", *centre(entry))
+    _, ox, oy = window.get_window().get_origin()
+    for name, widget in (("button", button), ("entry", entry)):
+        x, y = widget.translate_coordinates(window, 0, 0)
+        a = widget.get_allocation()
+        say("at", name, ox + x + a.width // 2, oy + y + a.height // 2)
     say("ready")
-    return False
 
 
 window = Gtk.Window(title="gtk target")

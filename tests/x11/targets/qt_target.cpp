@@ -14,11 +14,6 @@ void say(const QString& line) {
     std::fflush(stdout);
 }
 
-void sayCentre(const char* name, QWidget* w) {
-    const QPoint c = w->mapToGlobal(w->rect().center());
-    say(QString("at %1 %2 %3").arg(name).arg(c.x()).arg(c.y()));
-}
-
 class Button : public QPushButton {
 public:
     using QPushButton::QPushButton;
@@ -54,8 +49,10 @@ int main(int argc, char** argv) {
     window.move(640, 200);
     window.show();
     QTimer::singleShot(500, [&] {
-        sayCentre("button", button);
-        sayCentre("entry", entry);
+        for (auto [name, widget] : {std::pair<QString, QWidget*>{"button", button}, {"entry", entry}}) {
+            const QPoint c = widget->mapToGlobal(widget->rect().center());
+            say(QString("at %1 %2 %3").arg(name).arg(c.x()).arg(c.y()));
+        }
         say("ready");
     });
     return app.exec();

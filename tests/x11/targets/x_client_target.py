@@ -1,10 +1,12 @@
-# Starts an X client that has no report of its own (xev, xmessage, xterm) and reports,
-# one line each, where its control is and what the client did with clicks and keys.
+# Starts an X client that has no report of its own (xmessage, xterm, a browser) and
+# reports, one line each, where its control is and what the client did with clicks and keys.
 import os
 import re
+import shutil
 import signal
 import subprocess
 import sys
+import tempfile
 import time
 
 
@@ -12,9 +14,9 @@ def say(*words, out=sys.stdout):
     print(*words, file=out, flush=True)
 
 
-def start(command):
-    client = subprocess.Popen(command, stdout=subprocess.PIPE, text=True)
-    signal.signal(signal.SIGTERM, lambda *_: (client.terminate(), sys.exit(0)))
+def start(command, **options):
+    client = subprocess.Popen(command, stdout=subprocess.PIPE, text=True, **options)
+    signal.signal(signal.SIGTERM, lambda *_: (client.terminate(), client.wait(), sys.exit(0)))
     return client
 
 
@@ -37,21 +39,6 @@ def report_at(place, out=sys.stdout):
     _, w, h, x, y = place
     say("at button", x + w // 2, y + h // 2, out=out)
     say("ready", out=out)
-
-
-def xev():
-    client = start(["xev", "-geometry", "+400+520", "-event", "button"])
-    report_at(placements(["-name", "Event Tester"])[1])
-    kind = None
-    for line in client.stdout:
-        if line.startswith(("ButtonPress", "ButtonRelease")):
-            kind = line.split()[0]
-        button = re.search(r"button (\d+),", line)
-        if kind and button:
-            said = {("ButtonRelease", "1"): "clicked", ("ButtonPress", "3"): "menu"}.get((kind, button[1]))
-            if said:
-                say(said)
-            kind = None
 
 
 def xmessage():
@@ -78,26 +65,44 @@ def xterm_inside():
     tty.setraw(0)
     os.write(1, b"\x1b[?1000h")
     report_at(placements(["-id", os.environ["WINDOWID"]])[0], out=out)
-    typed, pending, last = "", b"", None
-    while True:
-        pending += os.read(0, 64)
-        while pending:
-            if pending.startswith(b"\x1b[M"):
-                if len(pending) < 6:
-                    break
-                button = pending[3] - 32
-                if button == 3 and last == 0:
-                    say("clicked", out=out)
-                elif button == 2:
-                    say("menu", out=out)
-                last, pending = button, pending[6:]
-            else:
-                char, pending = pending[:1].decode("latin-1"), pending[1:]
-                if char == "\r":
-                    say("text", typed, out=out)
-                    typed = ""
-                else:
-                    typed += char
+    keys, last = os.fdopen(0, "rb"), None
+    while key := keys.read(1):
+        if key != b"\x1b":
+            say("typed", key.decode("latin-1"), out=out)
+            continue
+        button = keys.read(5)[2] - 32
+        if button == 3 and last == 0:
+            say("clicked", out=out)
+        elif button == 2:
+            say("menu", out=out)
+        last = button
 
 
-{"xev": xev, "xmessage": xmessage, "xterm": xterm, "xterm-inside": xterm_inside}[sys.argv[1]]()
+# In kiosk mode on the local target page, on a profile of its own that goes with it;
+# the page reports on the browser's console.
+def browser():
+    page = "file://" + os.path.join(os.path.dirname(os.path.abspath(__file__)), "browser_target.html")
+    profile = tempfile.mkdtemp(prefix="quorlin-browser-")
+    if sys.argv[1] == "firefox-esr":
+        with open(os.path.join(profile, "user.js"), "w") as prefs:
+            for pref in ("devtools.console.stdout.content\", true", "browser.shell.checkDefaultBrowser\", false",
+                         "datareporting.policy.dataSubmissionEnabled\", false", "browser.aboutwelcome.enabled\", false",
+                         "toolkit.telemetry.reportingpolicy.firstRun\", false"):
+                prefs.write(f'user_pref("{pref});\n')
+        command = ["firefox-esr", "--kiosk", "--no-remote", "--profile", profile, page]
+    else:
+        command = ["chromium", "--kiosk", "--no-first-run", "--no-default-browser-check", "--no-sandbox",
+                   "--disable-gpu", "--password-store=basic", "--enable-logging=stderr", "--v=0",
+                   f"--user-data-dir={profile}", page]
+    try:
+        for line in start(command, stderr=subprocess.STDOUT, errors="replace").stdout:
+            said = re.search(r'quorlin: ([^"]*)', line)
+            if said:
+                # Firefox writes characters beyond ASCII as \xNN escapes.
+                say(re.sub(r"\\x([0-9A-Fa-f]{2})", lambda m: chr(int(m[1], 16)), said[1].rstrip()))
+    finally:
+        shutil.rmtree(profile, ignore_errors=True)
+
+
+{"xmessage": xmessage, "xterm": xterm, "xterm-inside": xterm_inside, "firefox-esr": browser,
+ "chromium": browser}[sys.argv[1]]()

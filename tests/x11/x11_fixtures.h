@@ -1,0 +1,209 @@
+#pragma once
+
+// What the X11 tests make for themselves: waits, programs they start, an X server of
+// their own, windows that record their input.
+
+#include <X11/Xlib.h>
+#include <X11/Xutil.h>
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <tuple>
+#include <vector>
+
+extern char** environ;
+
+namespace quorlin::testing {
+
+// Whether `done` comes true within the patience, asked again every few milliseconds.
+inline bool eventually(const std::function<bool()>& done, std::chrono::milliseconds patience) {
+    for (const auto until = std::chrono::steady_clock::now() + patience; !done();
+         std::this_thread::sleep_for(std::chrono::milliseconds(5)))
+        if (std::chrono::steady_clock::now() >= until) return false;
+    return true;
+}
+
+// A program the test starts, reads line by line and ends with itself.
+class ChildProcess {
+public:
+    explicit ChildProcess(std::vector<std::string> argv, bool quiet = false) {
+        int out[2];
+        if (pipe(out) != 0) return;
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
+        posix_spawn_file_actions_addclose(&actions, out[0]);
+        if (quiet) posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        std::vector<char*> args;
+        for (auto& a : argv) args.push_back(a.data());
+        args.push_back(nullptr);
+        if (posix_spawnp(&pid_, args[0], &actions, nullptr, args.data(), environ) != 0) pid_ = 0;
+        posix_spawn_file_actions_destroy(&actions);
+        close(out[1]);
+        fd_ = out[0];
+    }
+    ~ChildProcess() {
+        if (pid_) kill(pid_, SIGTERM), waitpid(pid_, nullptr, 0);
+        if (fd_ >= 0) close(fd_);
+    }
+    ChildProcess(const ChildProcess&) = delete;
+    ChildProcess& operator=(const ChildProcess&) = delete;
+
+    // The next whole line of the program's output, unless it does not come in time.
+    std::optional<std::string> nextLine(std::chrono::milliseconds patience) {
+        const auto until = std::chrono::steady_clock::now() + patience;
+        std::size_t end;
+        while ((end = pending_.find('\n')) == std::string::npos) {
+            const auto left =
+                std::chrono::duration_cast<std::chrono::milliseconds>(until - std::chrono::steady_clock::now());
+            pollfd p{fd_, POLLIN, 0};
+            char buffer[512];
+            if (left.count() <= 0 || poll(&p, 1, static_cast<int>(left.count())) <= 0) return std::nullopt;
+            const ssize_t n = read(fd_, buffer, sizeof buffer);
+            if (n <= 0) return std::nullopt;
+            pending_.append(buffer, static_cast<std::size_t>(n));
+        }
+        std::string line = pending_.substr(0, end);
+        pending_.erase(0, end + 1);
+        return line;
+    }
+
+private:
+    pid_t pid_ = 0;
+    int fd_ = -1;
+    std::string pending_;
+};
+
+// A property of a window as 32-bit items (atoms, cardinals); empty when it is not set.
+inline std::vector<unsigned long> windowProperty(Display* d, Window w, const char* name) {
+    Atom type = None;
+    int format = 0;
+    unsigned long count = 0, after = 0;
+    unsigned char* data = nullptr;
+    XGetWindowProperty(d, w, XInternAtom(d, name, False), 0, 64, False, AnyPropertyType, &type, &format, &count,
+                       &after, &data);
+    std::vector<unsigned long> items;
+    const auto* first = reinterpret_cast<unsigned long*>(data);
+    if (data && format == 32) items.assign(first, first + count);
+    if (data) XFree(data);
+    return items;
+}
+
+// An X server of the test's own, made $DISPLAY while it lives, for changes no other test
+// may see: a resized screen, monitors, a window manager. `d` is the test's connection to it.
+class PrivateDisplay {
+public:
+    Display* d = nullptr;
+
+    PrivateDisplay() {
+        const auto number = server_.nextLine(std::chrono::seconds(20));
+        if (!number) throw std::runtime_error("Xvfb did not start");
+        if (const char* previous = std::getenv("DISPLAY")) previous_ = previous;
+        setenv("DISPLAY", (":" + *number).c_str(), 1);
+        d = XOpenDisplay(nullptr);
+    }
+    ~PrivateDisplay() {
+        windowManager_.reset();
+        if (d) XCloseDisplay(d);
+        if (previous_.empty()) unsetenv("DISPLAY");
+        else setenv("DISPLAY", previous_.c_str(), 1);
+    }
+
+    // Starts openbox and waits until it announces itself.
+    bool startWindowManager() {
+        windowManager_ = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox", "--sm-disable"}, true);
+        return eventually([&] { return !windowProperty(d, DefaultRootWindow(d), "_NET_SUPPORTING_WM_CHECK").empty(); },
+                          std::chrono::seconds(10));
+    }
+
+private:
+    ChildProcess server_{{"Xvfb", "-displayfd", "1", "-screen", "0", "1280x1024x24", "-nolisten", "tcp"}, true};
+    std::unique_ptr<ChildProcess> windowManager_;
+    std::string previous_;
+};
+
+// A button event as the window saw it: type, button, x, y.
+using Buttons = std::vector<std::tuple<int, unsigned, int, int>>;
+
+// A real window on its own connection that records the input events it receives.
+class RecordingWindow {
+public:
+    RecordingWindow(int x, int y, int width, int height, Window parent = None) : d_(XOpenDisplay(nullptr)) {
+        if (!d_) throw std::runtime_error("no X display: run the X11 tests under Xvfb");
+        if (parent == None) parent = DefaultRootWindow(d_);
+        XSetWindowAttributes a{};
+        a.override_redirect = True;  // placed exactly where asked, whatever window manager runs
+        a.background_pixel = WhitePixel(d_, DefaultScreen(d_));
+        a.event_mask = ButtonPressMask | ButtonReleaseMask | KeyPressMask | KeyReleaseMask | ExposureMask;
+        window_ = XCreateWindow(d_, parent, x, y, static_cast<unsigned>(width), static_cast<unsigned>(height), 0,
+                                CopyFromParent, InputOutput, CopyFromParent,
+                                CWOverrideRedirect | CWBackPixel | CWEventMask, &a);
+        XMapRaised(d_, window_);
+        XSync(d_, False);
+        eventually([this] { return pump(), exposed_; }, std::chrono::seconds(2));
+        events_.clear();
+    }
+    ~RecordingWindow() {
+        XDestroyWindow(d_, window_);  // gone once this returns, not when the server sees the connection close
+        XCloseDisplay(d_);
+    }
+    RecordingWindow(const RecordingWindow&) = delete;
+    RecordingWindow& operator=(const RecordingWindow&) = delete;
+
+    Window id() const { return window_; }
+    Display* display() const { return d_; }
+
+    // Collects events until `count` input events have arrived or the time is up.
+    const std::vector<XEvent>& receive(std::size_t count, int timeoutMs = 2000) {
+        eventually([&] { return pump(), events_.size() >= count; }, std::chrono::milliseconds(timeoutMs));
+        return events_;
+    }
+
+    // The button events received once `count` input events have come or the time is up.
+    Buttons buttons(std::size_t count, int timeoutMs = 2000) {
+        Buttons seen;
+        for (const XEvent& e : receive(count, timeoutMs))
+            if (e.type == ButtonPress || e.type == ButtonRelease)
+                seen.emplace_back(e.type, e.xbutton.button, e.xbutton.x, e.xbutton.y);
+        return seen;
+    }
+
+    // The text the key presses received so far spell, as the window's own lookup reads them.
+    std::string typed() {
+        std::string text;
+        for (XEvent& e : events_) {
+            char buffer[8];
+            const int n = e.type == KeyPress ? XLookupString(&e.xkey, buffer, sizeof buffer, nullptr, nullptr) : 0;
+            text.append(buffer, static_cast<std::size_t>(n));
+        }
+        return text;
+    }
+
+private:
+    void pump() {
+        for (XEvent e; XPending(d_);) {
+            XNextEvent(d_, &e);
+            if (e.type == Expose) exposed_ = true;
+            else events_.push_back(e);
+        }
+    }
+
+    Display* d_;
+    Window window_ = 0;
+    std::vector<XEvent> events_;
+    bool exposed_ = false;
+};
+
+}  // namespace quorlin::testing
