@@ -304,15 +304,16 @@ TEST_F(TrackRun, RowsCarryTheirClickKindAndTypeTheirOwnTextOnlyWhenFillIsYes) {
 TEST_F(TrackRun, StepsAreGatedByTheirOwnRectangleAgainstTheWindowsPicture) {
     add("1", "1");
     add("2", "1");
-    WindowModel& m = w.model();
-    m.rows.bRowImage[2] = true;
-    m.rows.lRowRect[2] = {50, 60, 50, 60};
-    m.picture.pixel(0, 0) = 0x123456;
-    w.screen.pixelAt = [](int x, int y) { return x == 50 && y == 60 ? 0x123456 : 0; };
+    w.model().rows.bRowImage[2] = true;
+    w.model().rows.lRowRect[2] = {50, 60, 52, 61};
+    w.setPicture(0, 0, 2, 1, 50'060);  // the screen's pixels of the row's rectangle
+    w.screen.pixelAt = [](int x, int y) { return x * 1000 + y; };
     repeat("1");
     w.frm.cmdStart_Click();
     EXPECT_EQ(w.clickedXs(), (std::vector<int>{1, 2}));
-    EXPECT_EQ(w.screen.reads.size(), 1u) << "only the image step reads the screen";
+    ASSERT_EQ(w.screen.reads.size(), 1u) << "only the image step reads the screen";
+    const ScreenRect& read = w.screen.reads[0];
+    EXPECT_EQ((std::array{read.left, read.top, read.right, read.bottom}), (std::array{50, 60, 52, 61}));
     w.frm.selectOption(C::optImageNotInclude);
     w.desktop.lookedUp.clear();
     w.frm.cmdStart_Click();

@@ -9,6 +9,7 @@ using C = Ctl;
 
 const char* const kMaxMinute = "Maximum interval is 1 minute";
 const char* const kOverflow = "Overflow: the interval is too large to be counted.";
+const char* const kTooLarge = "The captured picture is too large to be kept with the step.";
 const char* const kSwitchOnCount =
     "Please switch on '# of times' option button. Can not run Non-stop clicks in Track list.";
 
@@ -39,6 +40,13 @@ void nonStop(TrackEdit& t) { t.w.frm.selectOption(C::optLoop); }
 void tooLong(TrackEdit& t) { t.w.typeAll({{C::txtMinutes, "1"}, {C::txtSeconds, "6"}}); }
 void noPicture(TrackEdit& t) { t.w.frm.setCheck(C::chkRecImage, 1); }
 void badX(TrackEdit& t) { t.w.type(C::txtX, "abc"); }
+// A captured picture whose rectangle reaches the given bottom corner from (0, 0).
+void oversized(TrackEdit& t, std::int16_t bottomX, std::int16_t bottomY) {
+    t.w.setPicture(0, 0, 1, 1, 0);
+    t.m.picture.iBottomX = bottomX;
+    t.m.picture.iBottomY = bottomY;
+    noPicture(t);
+}
 
 // Each case also sets up every later problem, so the order of the checks shows.
 const Refusal kRefusals[] = {
@@ -55,11 +63,8 @@ const Refusal kRefusals[] = {
      }, kOverflow},
     {"AddOverflowingSum", false, [](TrackEdit& t) { t.w.typeAll({{C::txtMinutes, "35000"}, {C::txtSeconds, "1000000"}}); },
      kOverflow},
-    {"AddPictureBeyondItsStore", false, [](TrackEdit& t) {
-         t.w.setPicture(0, 0, 1, 1, 0);
-         t.m.picture.iBottomX = 1001;
-         noPicture(t);
-     }, "The captured picture is too large to be kept with the step."},
+    {"AddPictureWiderThanItsStore", false, [](TrackEdit& t) { oversized(t, 1001, 1); }, kTooLarge},
+    {"AddPictureTallerThanItsStore", false, [](TrackEdit& t) { oversized(t, 1, 1001); }, kTooLarge},
     {"UpdateNonStopFirst", true, [](TrackEdit& t) { nonStop(t), badX(t); }, kSwitchOnCount},
     {"UpdateValidationBeforeTotal", true, [](TrackEdit& t) { t.w.type(C::txtMinutes, "2"), badX(t); }, kMaxMinute},
     {"UpdateInputErrorBeforeTotal", true, [](TrackEdit& t) { t.random("1", "1000000"), t.w.type(C::txtX, ""); },
