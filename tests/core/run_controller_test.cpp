@@ -91,30 +91,21 @@ TEST_F(ManualRun, StopLetsTheStepInProgressFinishAndDisarmsBothTimers) {
     EXPECT_EQ(w.clock.interval(TimerId::tmrLoop), 0);
 }
 
-TEST_F(ManualRun, EndlessRunsClickUntilStopAndRestartTheirCountdownAtStart) {
+// The endless run restarts its countdown at every Start; a counted run ticks beside it.
+TEST_F(ManualRun, EndlessAndCountedRunsTickSideBySideUntilOneStopEndsBoth) {
     custom("0", "2", "0");
     w.frm.selectOption(C::optLoop);
     w.frm.cmdStart_Click();
     w.clock.advanceBy(1500);
     w.frm.cmdStart_Click();
-    w.clock.advanceBy(5000);
-    w.frm.cmdStop_Click();
-    w.clock.advanceBy(10'000);
-    EXPECT_EQ(times, (std::vector<long>{3500, 5500}));
-}
-
-TEST_F(ManualRun, CountedAndEndlessRunsTickSideBySideUntilStop) {
-    custom("0", "2", "0");
-    w.frm.selectOption(C::optLoop);
-    w.frm.cmdStart_Click();
     w.frm.selectOption(C::optCount);
     w.typeAll({{C::txtCount, "2"}, {C::txtSeconds, "3"}});
+    w.clock.advanceBy(500);
     w.frm.cmdStart_Click();
-    w.clock.advanceBy(6000);  // loop at 2, 4, 6 s; count at 3, 6 s
-    EXPECT_EQ(w.clicks(), 5u);
+    w.clock.advanceBy(5500);
     w.frm.cmdStop_Click();
-    w.clock.advanceBy(6000);
-    EXPECT_EQ(w.clicks(), 5u);
+    w.clock.advanceBy(10'000);
+    EXPECT_EQ(times, (std::vector<long>{3500, 5000, 5500, 7500}));
 }
 
 TEST_F(ManualRun, AnIntervalRefusalSilencesAnArmedEndlessRunUntilTheNextStart) {
@@ -173,17 +164,18 @@ protected:
     }
 };
 
-TEST_F(TrackRun, PlaysEveryRowItsCountTimesForEachRepetition) {
+TEST_F(TrackRun, PlaysEveryRowItsCountTimesForEachRepetitionAndIgnoresStartMeanwhile) {
     add("1");
     add("2");
     repeat("2");
+    w.clock.at(1500, [&] { w.frm.cmdStart_Click(); });  // ignored while the list plays
     w.frm.cmdStart_Click();
     EXPECT_EQ(w.clickedXs(), (std::vector<int>{1, 1, 2, 2, 1, 1, 2, 2}));
     EXPECT_EQ(w.clock.now, 8000);
     EXPECT_EQ(w.model().fgResult.row(), 2) << "the current row stays on the last row played";
     EXPECT_EQ(w.text(C::txtX), "2");
     EXPECT_FALSE(w.model().trackRunActive);
-    EXPECT_LE(w.clock.waits, 8) << "waits sleep in the event pump instead of polling";
+    EXPECT_LE(w.clock.waits, 9) << "waits sleep in the event pump, woken by the eight ticks and the Start";
 }
 
 TEST_F(TrackRun, RepeatCountIsTheWholePartOfTheNumber) {
@@ -318,15 +310,6 @@ TEST_F(TrackRun, StepsAreGatedByTheirOwnRectangleAgainstTheWindowsPicture) {
     w.desktop.lookedUp.clear();
     w.frm.cmdStart_Click();
     EXPECT_EQ(w.clickedXs(), (std::vector<int>{1}));
-}
-
-TEST_F(TrackRun, StartWhileTheListPlaysIsIgnored) {
-    add("1", "1");
-    add("2", "1");
-    repeat("1");
-    w.clock.at(1500, [&] { w.frm.cmdStart_Click(); });
-    w.frm.cmdStart_Click();
-    EXPECT_EQ(w.clickedXs(), (std::vector<int>{1, 2}));
 }
 
 // Start is handled inside the pauses of a manual step; the track run begun there takes
