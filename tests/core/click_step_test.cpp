@@ -16,7 +16,8 @@ struct Msg {
 };
 
 void PrintTo(const Msg& m, std::ostream* os) {
-    *os << std::hex << "{0x" << m.code << ", 0x" << m.wParam << ", 0x" << m.lParam << std::dec << ", " << m.passesBefore;
+    *os << std::hex << "{0x" << m.code << ", 0x" << m.wParam << ", 0x" << m.lParam << std::dec << ", " << m.passesBefore
+        << "}";
 }
 
 std::vector<Msg> sent(const FakeDesktop& d) {

@@ -59,8 +59,8 @@ const Refusal kRefusals[] = {
     {"AddOverflowMidwayStaysOverflow", false, [](TrackEdit& t) {
          t.w.typeAll({{C::txtMinutes, "35000"}, {C::txtSeconds, "100000"}, {C::txtMiliseconds, "-1000000000"}});
      }, kOverflow},
-    {"AddOverflowingSum", false, [](TrackEdit& t) { t.w.typeAll({{C::txtMinutes, "35000"}, {C::txtSeconds, "1000000"}}); },
-     kOverflow},
+    {"AddOverflowingSum", false,
+     [](TrackEdit& t) { t.w.typeAll({{C::txtMinutes, "35000"}, {C::txtSeconds, "1000000"}}); }, kOverflow},
     {"AddPictureWiderThanItsStore", false, [](TrackEdit& t) { oversized(t, 1001, 1); }, kTooLarge},
     {"AddPictureTallerThanItsStore", false, [](TrackEdit& t) { oversized(t, 1, 1001); }, kTooLarge},
     {"UpdateNonStopFirst", true, [](TrackEdit& t) { nonStop(t), badX(t); }, kSwitchOnCount},
@@ -137,9 +137,9 @@ TEST_F(TrackEdit, WritesTheCellsAsTypedIntoGridAndStore) {
                {C::txtCount, "007"}});
     w.frm.selectOption(C::optDbClick);
     w.frm.setCheck(C::chkText, 1);
-    w.type(C::txtText, "line one\r\nline two");
+    w.type(C::txtText, "one\r\ntwo");
     w.frm.cmdAddtoList_Click();
-    const Cells expected{"1", " 03", "1.50", "Custom", "0:60:600", "DBClick", "007", "Yes", "line one\r\nline two", "No"};
+    const Cells expected{"1", " 03", "1.50", "Custom", "0:60:600", "DBClick", "007", "Yes", "one\r\ntwo", "No"};
     EXPECT_EQ(w.gridRow(1), expected);
     EXPECT_EQ(storedRow(1), expected);
 
@@ -290,9 +290,11 @@ TEST_F(TrackEdit, ClickingARowSelectsOnlyExactNamesAndLoadsItsText) {
         bool typing;
     };
     w.frm.setCheck(C::chkText, 1);
-    for (Case c : {Case{"Click", "Yes", C::optClick, "Click", true}, {"DBClick", "yes", C::optDbClick, "DBClick", false},
+    for (Case c : {Case{"Click", "Yes", C::optClick, "Click", true},
+                   {"DBClick", "yes", C::optDbClick, "DBClick", false},
                    {"RightClick", "Yes", C::optRightClick, "RightClick", true},
-                   {"click", "No", C::optRightClick, "RightClick", false}, {"", "Yes", C::optRightClick, "RightClick", true}}) {
+                   {"click", "No", C::optRightClick, "RightClick", false},
+                   {"", "Yes", C::optRightClick, "RightClick", true}}) {
         w.frm.selectOption(C::optClick == c.option ? C::optDbClick : C::optClick);
         m.step.bTypeText = !c.typing;  // as a track run leaves it, whatever the box shows
         w.putRow(1, {"1", "5", "6", "Custom", "0:1:0", c.type, "1", c.fill, "a\r\nb", "No"});
