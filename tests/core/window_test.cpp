@@ -51,23 +51,20 @@ struct Interlock {
     std::vector<Ctl> off;
 };
 
+// The controls that an option or a check box switches together.
+const std::vector<Ctl> kFixedInterval = {C::lblMinutes, C::lblSeconds, C::lblMiliseconds, C::UpDown2, C::UpDown3,
+                                         C::UpDown4, C::txtMinutes, C::txtSeconds, C::txtMiliseconds};
+const std::vector<Ctl> kRandomInterval = {C::lblFromSec, C::lblToSec, C::txtFromSec, C::txtToSec};
+const std::vector<Ctl> kImage = {C::frmImage, C::optImageInclude, C::optImageNotInclude, C::txtTopX, C::txtTopY,
+                                 C::txtBottomX, C::txtBottomY, C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY};
+
 const Interlock kInterlocks[] = {
-    {"Random", [](TestWindow& w) { w.frm.selectOption(C::optRandom); },
-     {C::lblFromSec, C::lblToSec, C::txtFromSec, C::txtToSec},
-     {C::lblMinutes, C::lblSeconds, C::lblMiliseconds, C::UpDown2, C::UpDown3, C::UpDown4, C::txtMinutes, C::txtSeconds,
-      C::txtMiliseconds}},
+    {"Random", [](TestWindow& w) { w.frm.selectOption(C::optRandom); }, kRandomInterval, kFixedInterval},
     {"CustomAgain", [](TestWindow& w) { w.frm.selectOption(C::optRandom), w.frm.selectOption(C::optCustom); },
-     {C::lblMinutes, C::lblSeconds, C::lblMiliseconds, C::UpDown2, C::UpDown3, C::UpDown4, C::txtMinutes, C::txtSeconds,
-      C::txtMiliseconds},
-     {C::lblFromSec, C::lblToSec, C::txtFromSec, C::txtToSec}},
-    {"RecognizeImage", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1); },
-     {C::frmImage, C::optImageInclude, C::optImageNotInclude, C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY,
-      C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY, C::cmdGetPic},
-     {}},
+     kFixedInterval, kRandomInterval},
+    {"RecognizeImage", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1); }, kImage, {}},
     {"RecognizeImageOff", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1), w.frm.setCheck(C::chkRecImage, 0); },
-     {C::cmdGetPic},
-     {C::frmImage, C::optImageInclude, C::optImageNotInclude, C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY,
-      C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY}},
+     {C::cmdGetPic}, kImage},
     {"NonStop", [](TestWindow& w) { w.frm.selectOption(C::optLoop); }, {}, {C::txtCount}},
     {"CountAgain", [](TestWindow& w) { w.frm.selectOption(C::optLoop), w.frm.selectOption(C::optCount); },
      {C::txtCount}, {}},
