@@ -251,8 +251,7 @@ TEST_F(TrackRun, RowIntervalsFollowTheIntervalOptionSelectedNow) {
     };
     for (Case c : {Case{"0:2:500", false, 0, 2500}, {"0:2:500", true, 0, 0}, {"0:2:500", true, 0.99, 1},
                    {"3:7", true, 0.999, 9}, {"-5:2", true, 0, 1}, {"0:0:2.5", false, 0, 2},
-                   {"1:5:535", false, 0, 65535},
-                   {"7", true, 0.5, 7}}) {
+                   {"1:5:535", false, 0, 65535}, {"7", true, 0.5, 7}}) {
         w.putRow(1, {"1", "1", "0", "Custom", c.cell, "Click", "1", "No", "", "No"});
         repeat("1");
         w.frm.selectOption(c.random ? C::optRandom : C::optCustom);
