@@ -65,11 +65,14 @@ const StepCase kSteps[] = {
      {{kRUp, 0, 0xFFFF000A, 0}}, 0},
 };
 
-// One manual step: Start, then one interval of one second on the clock.
+// One manual step in "Application" mode: Start, then one interval of one second on the clock.
 class ClickStep : public ::testing::TestWithParam<StepCase> {
 protected:
     TestWindow w;
-    void SetUp() override { w.typeAll({{C::txtX, "100"}, {C::txtY, "200"}, {C::txtSeconds, "1"}}); }
+    void SetUp() override {
+        w.typeAll({{C::txtX, "100"}, {C::txtY, "200"}, {C::txtSeconds, "1"}});
+        w.frm.selectOption(C::optApplication);
+    }
     void clickOnce() {
         w.frm.cmdStart_Click();
         w.clock.advanceBy(1000);
@@ -94,14 +97,12 @@ INSTANTIATE_TEST_SUITE_P(Kinds, ClickStep, ::testing::ValuesIn(kSteps),
                          [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(ClickStep, NoWindowUnderThePointStillPostsToWindowZeroWithScreenCoordinates) {
-    w.frm.selectOption(C::optApplication);
     w.desktop.target = 0;
     clickOnce();
     EXPECT_EQ(sent(w.desktop), (std::vector<Msg>{{kDown, 1, 0x00C80064, 0}, {kUp, 0, 0x00C80064, 0}}));
 }
 
 TEST_F(ClickStep, KeyCodesOfLineBreaksAndLatinLettersComeFromTheAnsiCodePage) {
-    w.frm.selectOption(C::optApplication);
     w.frm.setCheck(C::chkText, 1);
     w.type(C::txtText, "A\r\n\xC3\xA9 ");  // A, CR, LF, e-acute (0xE9), blank
     clickOnce();
@@ -115,7 +116,6 @@ TEST_F(ClickStep, KeyCodesOfLineBreaksAndLatinLettersComeFromTheAnsiCodePage) {
 }
 
 TEST_F(ClickStep, TypingNeedsTheSwitchAndAnUnemptyBoxAndTypesTheKeptCopyWhateverIsEdited) {
-    w.frm.selectOption(C::optApplication);
     w.frm.setCheck(C::chkText, 1);
     w.model().step.sTypeText = "zz";  // as a track row would set it
     clickOnce();

@@ -91,30 +91,21 @@ TEST_F(ManualRun, StopLetsTheStepInProgressFinishAndDisarmsBothTimers) {
     EXPECT_EQ(w.clock.interval(TimerId::tmrLoop), 0);
 }
 
-TEST_F(ManualRun, EndlessRunsClickUntilStopAndRestartTheirCountdownAtStart) {
+// The endless run restarts its countdown at every Start; a counted run ticks beside it.
+TEST_F(ManualRun, EndlessAndCountedRunsTickSideBySideUntilOneStopEndsBoth) {
     custom("0", "2", "0");
     w.frm.selectOption(C::optLoop);
     w.frm.cmdStart_Click();
     w.clock.advanceBy(1500);
     w.frm.cmdStart_Click();
-    w.clock.advanceBy(5000);
-    w.frm.cmdStop_Click();
-    w.clock.advanceBy(10'000);
-    EXPECT_EQ(times, (std::vector<long>{3500, 5500}));
-}
-
-TEST_F(ManualRun, CountedAndEndlessRunsTickSideBySideUntilStop) {
-    custom("0", "2", "0");
-    w.frm.selectOption(C::optLoop);
-    w.frm.cmdStart_Click();
     w.frm.selectOption(C::optCount);
     w.typeAll({{C::txtCount, "2"}, {C::txtSeconds, "3"}});
+    w.clock.advanceBy(500);
     w.frm.cmdStart_Click();
-    w.clock.advanceBy(6000);  // loop at 2, 4, 6 s; count at 3, 6 s
-    EXPECT_EQ(w.clicks(), 5u);
+    w.clock.advanceBy(5500);
     w.frm.cmdStop_Click();
-    w.clock.advanceBy(6000);
-    EXPECT_EQ(w.clicks(), 5u);
+    w.clock.advanceBy(10'000);
+    EXPECT_EQ(times, (std::vector<long>{3500, 5000, 5500, 7500}));
 }
 
 TEST_F(ManualRun, AnIntervalRefusalSilencesAnArmedEndlessRunUntilTheNextStart) {
@@ -173,17 +164,18 @@ protected:
     }
 };
 
-TEST_F(TrackRun, PlaysEveryRowItsCountTimesForEachRepetition) {
+TEST_F(TrackRun, PlaysEveryRowItsCountTimesForEachRepetitionAndIgnoresStartMeanwhile) {
     add("1");
     add("2");
     repeat("2");
+    w.clock.at(1500, [&] { w.frm.cmdStart_Click(); });  // ignored while the list plays
     w.frm.cmdStart_Click();
     EXPECT_EQ(w.clickedXs(), (std::vector<int>{1, 1, 2, 2, 1, 1, 2, 2}));
     EXPECT_EQ(w.clock.now, 8000);
     EXPECT_EQ(w.model().fgResult.row(), 2) << "the current row stays on the last row played";
     EXPECT_EQ(w.text(C::txtX), "2");
     EXPECT_FALSE(w.model().trackRunActive);
-    EXPECT_LE(w.clock.waits, 8) << "waits sleep in the event pump instead of polling";
+    EXPECT_LE(w.clock.waits, 9) << "waits sleep in the event pump, woken by the eight ticks and the Start";
 }
 
 TEST_F(TrackRun, RepeatCountIsTheWholePartOfTheNumber) {
@@ -258,8 +250,8 @@ TEST_F(TrackRun, RowIntervalsFollowTheIntervalOptionSelectedNow) {
         std::int32_t timer;
     };
     for (Case c : {Case{"0:2:500", false, 0, 2500}, {"0:2:500", true, 0, 0}, {"0:2:500", true, 0.99, 1},
-                   {"3:7", true, 0.999, 9}, {"-5:2", true, 0, 1}, {"0:0:2.5", false, 0, 2}, {"1:5:535", false, 0, 65535},
-                   {"7", true, 0.5, 7}}) {
+                   {"3:7", true, 0.999, 9}, {"-5:2", true, 0, 1}, {"0:0:2.5", false, 0, 2},
+                   {"1:5:535", false, 0, 65535}, {"7", true, 0.5, 7}}) {
         w.putRow(1, {"1", "1", "0", "Custom", c.cell, "Click", "1", "No", "", "No"});
         repeat("1");
         w.frm.selectOption(c.random ? C::optRandom : C::optCustom);
@@ -304,28 +296,20 @@ TEST_F(TrackRun, RowsCarryTheirClickKindAndTypeTheirOwnTextOnlyWhenFillIsYes) {
 TEST_F(TrackRun, StepsAreGatedByTheirOwnRectangleAgainstTheWindowsPicture) {
     add("1", "1");
     add("2", "1");
-    WindowModel& m = w.model();
-    m.rows.bRowImage[2] = true;
-    m.rows.lRowRect[2] = {50, 60, 50, 60};
-    m.picture.pixel(0, 0) = 0x123456;
-    w.screen.pixelAt = [](int x, int y) { return x == 50 && y == 60 ? 0x123456 : 0; };
+    w.model().rows.bRowImage[2] = true;
+    w.model().rows.lRowRect[2] = {50, 60, 52, 61};
+    w.setPicture(0, 0, 2, 1, 50'060);  // the screen's pixels of the row's rectangle
+    w.screen.pixelAt = [](int x, int y) { return x * 1000 + y; };
     repeat("1");
     w.frm.cmdStart_Click();
     EXPECT_EQ(w.clickedXs(), (std::vector<int>{1, 2}));
-    EXPECT_EQ(w.screen.reads.size(), 1u) << "only the image step reads the screen";
+    ASSERT_EQ(w.screen.reads.size(), 1u) << "only the image step reads the screen";
+    const ScreenRect& read = w.screen.reads[0];
+    EXPECT_EQ((std::array{read.left, read.top, read.right, read.bottom}), (std::array{50, 60, 52, 61}));
     w.frm.selectOption(C::optImageNotInclude);
     w.desktop.lookedUp.clear();
     w.frm.cmdStart_Click();
     EXPECT_EQ(w.clickedXs(), (std::vector<int>{1}));
-}
-
-TEST_F(TrackRun, StartWhileTheListPlaysIsIgnored) {
-    add("1", "1");
-    add("2", "1");
-    repeat("1");
-    w.clock.at(1500, [&] { w.frm.cmdStart_Click(); });
-    w.frm.cmdStart_Click();
-    EXPECT_EQ(w.clickedXs(), (std::vector<int>{1, 2}));
 }
 
 // Start is handled inside the pauses of a manual step; the track run begun there takes

@@ -9,6 +9,8 @@ using C = Ctl;
 
 const char* const kMaxMinute = "Maximum interval is 1 minute";
 const char* const kOverflow = "Overflow: the interval is too large to be counted.";
+const char* const kNoPicture = "Select a picture.Click 'Get Picture'.";
+const char* const kTooLarge = "The captured picture is too large to be kept with the step.";
 const char* const kSwitchOnCount =
     "Please switch on '# of times' option button. Can not run Non-stop clicks in Track list.";
 
@@ -21,7 +23,6 @@ public:
     void SetUp() override { w.typeAll({{C::txtX, "10"}, {C::txtY, "20"}}); }
     int entries() { return m.vFirstRowUsed ? m.fgResult.rowCount() - 1 : 0; }
     const Cells& storedRow(int r) { return m.rows.sRowCells[static_cast<std::size_t>(r)]; }
-    bool rowImage(int r) { return m.rows.bRowImage[static_cast<std::size_t>(r)]; }
     void random(const char* from, const char* to) {
         w.frm.selectOption(C::optRandom);
         w.typeAll({{C::txtFromSec, from}, {C::txtToSec, to}});
@@ -39,27 +40,29 @@ void nonStop(TrackEdit& t) { t.w.frm.selectOption(C::optLoop); }
 void tooLong(TrackEdit& t) { t.w.typeAll({{C::txtMinutes, "1"}, {C::txtSeconds, "6"}}); }
 void noPicture(TrackEdit& t) { t.w.frm.setCheck(C::chkRecImage, 1); }
 void badX(TrackEdit& t) { t.w.type(C::txtX, "abc"); }
+// A captured picture whose rectangle reaches the given bottom corner from (0, 0).
+void oversized(TrackEdit& t, std::int16_t bottomX, std::int16_t bottomY) {
+    t.w.setPicture(0, 0, 1, 1, 0);
+    t.m.picture.iBottomX = bottomX;
+    t.m.picture.iBottomY = bottomY;
+    noPicture(t);
+}
 
 // Each case also sets up every later problem, so the order of the checks shows.
 const Refusal kRefusals[] = {
     {"AddNonStopFirst", false, [](TrackEdit& t) { nonStop(t), tooLong(t), noPicture(t), badX(t); }, kSwitchOnCount},
     {"AddTotalBeforePicture", false, [](TrackEdit& t) { tooLong(t), noPicture(t), badX(t); }, kMaxMinute},
-    {"AddPictureBeforeValidation", false, [](TrackEdit& t) { noPicture(t), badX(t); },
-     "Select a picture.Click 'Get Picture'."},
+    {"AddPictureBeforeValidation", false, [](TrackEdit& t) { noPicture(t), badX(t); }, kNoPicture},
     {"AddValidationLast", false, badX, "Error in input"},
-    {"AddSinglePixelIsNoPicture", false, [](TrackEdit& t) { t.w.setPicture(5, 5, 5, 5, 7), noPicture(t); },
-     "Select a picture.Click 'Get Picture'."},
+    {"AddSinglePixelIsNoPicture", false, [](TrackEdit& t) { t.w.setPicture(5, 5, 5, 5, 7), noPicture(t); }, kNoPicture},
     {"AddOverflowingMinutes", false, [](TrackEdit& t) { t.w.type(C::txtMinutes, "-40000"); }, kOverflow},
     {"AddOverflowMidwayStaysOverflow", false, [](TrackEdit& t) {
          t.w.typeAll({{C::txtMinutes, "35000"}, {C::txtSeconds, "100000"}, {C::txtMiliseconds, "-1000000000"}});
      }, kOverflow},
-    {"AddOverflowingSum", false, [](TrackEdit& t) { t.w.typeAll({{C::txtMinutes, "35000"}, {C::txtSeconds, "1000000"}}); },
-     kOverflow},
-    {"AddPictureBeyondItsStore", false, [](TrackEdit& t) {
-         t.w.setPicture(0, 0, 1, 1, 0);
-         t.m.picture.iBottomX = 1001;
-         noPicture(t);
-     }, "The captured picture is too large to be kept with the step."},
+    {"AddOverflowingSum", false,
+     [](TrackEdit& t) { t.w.typeAll({{C::txtMinutes, "35000"}, {C::txtSeconds, "1000000"}}); }, kOverflow},
+    {"AddPictureWiderThanItsStore", false, [](TrackEdit& t) { oversized(t, 1001, 1); }, kTooLarge},
+    {"AddPictureTallerThanItsStore", false, [](TrackEdit& t) { oversized(t, 1, 1001); }, kTooLarge},
     {"UpdateNonStopFirst", true, [](TrackEdit& t) { nonStop(t), badX(t); }, kSwitchOnCount},
     {"UpdateValidationBeforeTotal", true, [](TrackEdit& t) { t.w.type(C::txtMinutes, "2"), badX(t); }, kMaxMinute},
     {"UpdateInputErrorBeforeTotal", true, [](TrackEdit& t) { t.random("1", "1000000"), t.w.type(C::txtX, ""); },
@@ -129,27 +132,14 @@ TEST_P(TrackTotal, RefusesOnlyTotalsAboveTheLongestInterval) {
 
 INSTANTIATE_TEST_SUITE_P(Totals, TrackTotal, ::testing::ValuesIn(kTotals));
 
-TEST_F(TrackEdit, AddGrowsOnceTheBlankRowIsUsedUpToThirtyEntries) {
-    for (int n = 1; n <= 30; ++n) {
-        w.frm.cmdAddtoList_Click();
-        ASSERT_EQ(m.fgResult.rowCount(), n + 1);
-        EXPECT_EQ(m.fgResult.row(), n) << "the new row is current";
-        EXPECT_EQ(m.fgResult.cell(n, colNumber), std::to_string(n));
-    }
-    EXPECT_TRUE(w.messages().empty());
-    w.frm.cmdAddtoList_Click();
-    EXPECT_EQ(w.messages(), std::vector<std::string>{"Maximum row count was exceeded."});
-    EXPECT_EQ(m.fgResult.rowCount(), 31);
-}
-
 TEST_F(TrackEdit, WritesTheCellsAsTypedIntoGridAndStore) {
     w.typeAll({{C::txtX, " 03"}, {C::txtY, "1.50"}, {C::txtSeconds, "60"}, {C::txtMiliseconds, "600"},
                {C::txtCount, "007"}});
     w.frm.selectOption(C::optDbClick);
     w.frm.setCheck(C::chkText, 1);
-    w.type(C::txtText, "line one\r\nline two");
+    w.type(C::txtText, "one\r\ntwo");
     w.frm.cmdAddtoList_Click();
-    const Cells expected{"1", " 03", "1.50", "Custom", "0:60:600", "DBClick", "007", "Yes", "line one\r\nline two", "No"};
+    const Cells expected{"1", " 03", "1.50", "Custom", "0:60:600", "DBClick", "007", "Yes", "one\r\ntwo", "No"};
     EXPECT_EQ(w.gridRow(1), expected);
     EXPECT_EQ(storedRow(1), expected);
 
@@ -191,22 +181,12 @@ TEST_F(TrackEdit, EntriesKeepTheirOwnCopiesOfTheCapturedPixels) {
     EXPECT_EQ(w.rowPicture(2).at(2, 2), 4002) << "the other entry keeps its own picture";
     w.frm.setCheck(C::chkRecImage, 0);
     w.frm.cmdUpdate_Click();
-    EXPECT_FALSE(rowImage(1));
+    EXPECT_FALSE(m.rows.bRowImage[1]);
 }
 
-TEST_F(TrackEdit, UpdateNeedsASelectedEntryAndFillsTheBlankRowWhenCurrent) {
-    w.frm.cmdUpdate_Click();
-    EXPECT_FALSE(m.vFirstRowUsed) << "after start the header row is current";
-    m.fgResult.setRow(1);
-    w.frm.cmdUpdate_Click();
-    EXPECT_EQ(w.gridRow(1)[colNumber], "1");
-    EXPECT_TRUE(m.vFirstRowUsed);
-    EXPECT_EQ(m.fgResult.rowCount(), 2);
-}
-
-TEST_F(TrackEdit, RemovalMovesLaterEntriesUpWithTheirPicturesAndRenumbers) {
+TEST_F(TrackEdit, RemovalMovesLaterEntriesUpWithTheirPicturesAndRenumbersDownToTheBlankRow) {
     for (int i = 1; i <= 4; ++i) w.addAt(std::to_string(i), i * 10000, i + 1);
-    for (auto [removed, xs] : {std::pair{1, std::vector<int>{2, 3, 4}}, {2, std::vector<int>{2, 4}}}) {
+    for (auto [removed, xs] : {std::pair{1, std::vector<int>{2, 3, 4}}, {2, std::vector<int>{2, 4}}, {1, {4}}}) {
         m.fgResult.setRow(removed);
         w.frm.cmdRemove_Click();
         ASSERT_EQ(entries(), static_cast<int>(xs.size()));
@@ -222,16 +202,14 @@ TEST_F(TrackEdit, RemovalMovesLaterEntriesUpWithTheirPicturesAndRenumbers) {
     }
     m.fgResult.setRow(0);
     w.frm.cmdRemove_Click();
-    EXPECT_EQ(entries(), 2) << "the header row is no entry";
-}
+    EXPECT_EQ(entries(), 1) << "the header row is no entry";
 
-TEST_F(TrackEdit, RemovingTheOnlyEntryLeavesTheBlankRowForTheNextAdd) {
-    w.addAt("1", 100);
+    m.fgResult.setRow(1);
     w.frm.cmdRemove_Click();
     EXPECT_EQ(m.fgResult.rowCount(), 2);
     EXPECT_EQ(w.gridRow(1), Cells{});
     EXPECT_EQ(storedRow(1), Cells{});
-    EXPECT_FALSE(rowImage(1));
+    EXPECT_FALSE(m.rows.bRowImage[1]);
     EXPECT_EQ(w.rowPicture(1).pixels.size(), 1u);
     EXPECT_FALSE(m.vFirstRowUsed);
     w.addAt("9");
@@ -239,9 +217,18 @@ TEST_F(TrackEdit, RemovingTheOnlyEntryLeavesTheBlankRowForTheNextAdd) {
     EXPECT_EQ(w.gridRow(1)[colX], "9");
 }
 
-TEST_F(TrackEdit, ClearingEmptiesAFullListAndKeepsTheFields) {
-    w.addAt("1", 100);
-    while (entries() < kMaxEntries) w.addAt(std::to_string(entries() + 1));
+TEST_F(TrackEdit, AddGrowsOnceTheBlankRowIsUsedUpToThirtyEntriesAndClearingEmptiesThemAll) {
+    for (int n = 1; n <= 30; ++n) {
+        w.addAt(std::to_string(n), n == 1 ? std::optional<Colour>(100) : std::nullopt);
+        ASSERT_EQ(m.fgResult.rowCount(), n + 1);
+        EXPECT_EQ(m.fgResult.row(), n) << "the new row is current";
+        EXPECT_EQ(m.fgResult.cell(n, colNumber), std::to_string(n));
+    }
+    EXPECT_TRUE(w.messages().empty());
+    w.frm.cmdAddtoList_Click();
+    EXPECT_EQ(w.messages(), std::vector<std::string>{"Maximum row count was exceeded."});
+    EXPECT_EQ(m.fgResult.rowCount(), 31);
+
     w.frm.cmdClearTrackList_Click();
     EXPECT_EQ(m.fgResult.rowCount(), 2);
     EXPECT_EQ(w.gridRow(0), (Cells{"#", "X", "Y", "Intr Type", "Interval", "Type", "Rep", "Fill", "Text", "Image"}));
@@ -251,7 +238,7 @@ TEST_F(TrackEdit, ClearingEmptiesAFullListAndKeepsTheFields) {
     EXPECT_EQ(w.gridRow(1), Cells{});
     EXPECT_EQ(m.fgResult.row(), 0);
     EXPECT_FALSE(m.vFirstRowUsed);
-    EXPECT_FALSE(rowImage(1));
+    EXPECT_FALSE(m.rows.bRowImage[1]);
     EXPECT_EQ(w.rowPicture(1).pixels.size(), 1u) << "the entries' pictures are given back";
     EXPECT_EQ(w.text(C::txtX), "30");
 }
@@ -283,8 +270,8 @@ TEST_P(TrackSplit, ClickingARowReadsTheIntervalAsTheOptionSelectedNowSays) {
     w.frm.fgResult_Click(1, 3);
     EXPECT_EQ(w.text(C::txtX), "5");
     EXPECT_EQ(w.text(C::txtY), "6");
-    const Ctl fields[] = {C::txtFromSec, C::txtToSec, C::txtMinutes, C::txtSeconds, C::txtMiliseconds};
-    for (std::size_t i = 0; i < 5; ++i) EXPECT_EQ(w.text(fields[i]), s.fields[i]) << i;
+    EXPECT_EQ(w.texts({C::txtFromSec, C::txtToSec, C::txtMinutes, C::txtSeconds, C::txtMiliseconds}),
+              std::vector<std::string>(s.fields.begin(), s.fields.end()));
     EXPECT_EQ(w.text(C::txtCount), s.loaded ? "4" : "1");
     EXPECT_EQ(w.form().selected(C::optDbClick), s.loaded);
     EXPECT_EQ(m.fgResult.row(), 1);
@@ -303,9 +290,11 @@ TEST_F(TrackEdit, ClickingARowSelectsOnlyExactNamesAndLoadsItsText) {
         bool typing;
     };
     w.frm.setCheck(C::chkText, 1);
-    for (Case c : {Case{"Click", "Yes", C::optClick, "Click", true}, {"DBClick", "yes", C::optDbClick, "DBClick", false},
+    for (Case c : {Case{"Click", "Yes", C::optClick, "Click", true},
+                   {"DBClick", "yes", C::optDbClick, "DBClick", false},
                    {"RightClick", "Yes", C::optRightClick, "RightClick", true},
-                   {"click", "No", C::optRightClick, "RightClick", false}, {"", "Yes", C::optRightClick, "RightClick", true}}) {
+                   {"click", "No", C::optRightClick, "RightClick", false},
+                   {"", "Yes", C::optRightClick, "RightClick", true}}) {
         w.frm.selectOption(C::optClick == c.option ? C::optDbClick : C::optClick);
         m.step.bTypeText = !c.typing;  // as a track run leaves it, whatever the box shows
         w.putRow(1, {"1", "5", "6", "Custom", "0:1:0", c.type, "1", c.fill, "a\r\nb", "No"});
@@ -328,11 +317,8 @@ TEST_F(TrackEdit, AnImageRowBecomesTheReferencePictureARowWithoutImageForgetsOnl
     EXPECT_EQ(m.picture.iPicMaxX, 3);
     EXPECT_EQ(m.picture.pixel(3, 2), 6002);
     EXPECT_EQ(m.pictureBox.pixel(3, 2), 6002);
-    EXPECT_EQ(m.picture.rect().right, 103);
-    EXPECT_EQ(m.picture.rect().bottom, 203);
-    for (auto [field, text] : {std::pair{C::txtTopX, "100"}, {C::txtTopY, "200"}, {C::txtBottomX, "103"},
-                               {C::txtBottomY, "203"}})
-        EXPECT_EQ(w.text(field), text);
+    EXPECT_EQ(w.texts({C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}),
+              (std::vector<std::string>{"100", "200", "103", "203"}));
     EXPECT_EQ(w.form().value(C::chkRecImage), 1);
     EXPECT_TRUE(w.form().selected(C::optImageInclude));
 
@@ -341,18 +327,24 @@ TEST_F(TrackEdit, AnImageRowBecomesTheReferencePictureARowWithoutImageForgetsOnl
     EXPECT_EQ(m.picture.rect().bottom, 0);
     EXPECT_EQ(m.picture.pixel(3, 2), 6002) << "the reference pixels stay";
     EXPECT_EQ(m.pictureBox.pixel(3, 2), PictureBox::kBackground);
-    for (Ctl field : {C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}) EXPECT_EQ(w.text(field), "");
+    EXPECT_EQ(w.texts({C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}), std::vector<std::string>(4));
     EXPECT_EQ(w.form().value(C::chkRecImage), 0);
 }
 
-TEST_F(TrackEdit, TheHeaderRowLoadsNothingAndTheBlankRowOnlyAnEmptyPoint) {
+TEST_F(TrackEdit, TheHeaderRowIsNoEntryAndTheBlankRowLoadsAnEmptyPointAndTakesAnUpdate) {
+    w.frm.cmdUpdate_Click();
+    EXPECT_FALSE(m.vFirstRowUsed) << "after start the header row is current";
     w.frm.fgResult_Click(0, 2);
     EXPECT_EQ(w.text(C::txtX), "10");
     EXPECT_EQ(m.fgResult.row(), 0);
     w.frm.fgResult_Click(1, 0);
-    EXPECT_EQ(w.text(C::txtX), "");
-    EXPECT_EQ(w.text(C::txtMinutes), "0");
+    EXPECT_EQ(w.texts({C::txtX, C::txtMinutes}), (std::vector<std::string>{"", "0"}));
     EXPECT_EQ(m.fgResult.row(), 1);
+    w.typeAll({{C::txtX, "10"}, {C::txtY, "20"}});
+    w.frm.cmdUpdate_Click();
+    EXPECT_EQ(w.gridRow(1)[colNumber], "1");
+    EXPECT_TRUE(m.vFirstRowUsed);
+    EXPECT_EQ(m.fgResult.rowCount(), 2);
 }
 
 // The view learns of every change of the grid and the picture box from the model itself.

@@ -10,52 +10,22 @@
 namespace quorlin {
 namespace {
 
-struct LeadingCase {
-    const char* text;
-    double value;
-};
-
-class LeadingNumber : public ::testing::TestWithParam<LeadingCase> {};
-
-TEST_P(LeadingNumber, ReadsTheNumberTheTextBeginsWith) {
-    EXPECT_DOUBLE_EQ(leadingNumber(GetParam().text), GetParam().value) << "text: [" << GetParam().text << "]";
+TEST(ValueOfText, IsTheNumberTheTextBeginsWith) {
+    const std::pair<const char*, double> cases[] = {
+        {"", 0}, {"abc", 0}, {"12abc", 12}, {"  -5", -5}, {"+7", 7}, {"1.5", 1.5}, {".5", 0.5}, {"1.2.3", 1.2},
+        {"1 2 3", 123}, {"\t4\n2", 42}, {"2e3", 2000}, {"2E-1x", 0.2}, {"2e", 2}, {"3d2", 300}, {"&H1F", 31},
+        {"&hff", 255}, {"&HFFFF", -1}, {"&H10000", 65536}, {"&HFFFFFFFF", -1}, {"&O17", 15}, {"&O18", 1},
+        {"&Hxyz", 0}, {"1,5", 1}, {"-", 0}, {"00042", 42}};
+    for (auto [text, value] : cases) EXPECT_DOUBLE_EQ(leadingNumber(text), value) << "text: [" << text << "]";
 }
 
-INSTANTIATE_TEST_SUITE_P(Forms, LeadingNumber, ::testing::Values(
-    LeadingCase{"", 0}, LeadingCase{"abc", 0}, LeadingCase{"12abc", 12}, LeadingCase{"  -5", -5},
-    LeadingCase{"+7", 7}, LeadingCase{"1.5", 1.5}, LeadingCase{".5", 0.5}, LeadingCase{"1.2.3", 1.2},
-    LeadingCase{"1 2 3", 123}, LeadingCase{"\t4\n2", 42}, LeadingCase{"2e3", 2000}, LeadingCase{"2E-1x", 0.2},
-    LeadingCase{"2e", 2}, LeadingCase{"3d2", 300}, LeadingCase{"&H1F", 31}, LeadingCase{"&hff", 255},
-    LeadingCase{"&HFFFF", -1}, LeadingCase{"&H10000", 65536}, LeadingCase{"&HFFFFFFFF", -1},
-    LeadingCase{"&O17", 15}, LeadingCase{"&O18", 1}, LeadingCase{"&Hxyz", 0}, LeadingCase{"1,5", 1}, LeadingCase{"-", 0},
-    LeadingCase{"00042", 42}));
-
-struct WholeCase {
-    const char* text;
-    std::optional<double> value;
-};
-
-class WholeNumber : public ::testing::TestWithParam<WholeCase> {};
-
-TEST_P(WholeNumber, AcceptsOnlyATextThatIsANumberAsAWhole) {
-    NumberLocale comma{","};
-    auto got = wholeNumber(GetParam().text, comma);
-    ASSERT_EQ(got.has_value(), GetParam().value.has_value()) << "text: [" << GetParam().text << "]";
-    if (got) {
-        EXPECT_DOUBLE_EQ(*got, *GetParam().value);
-    }
-}
-
-INSTANTIATE_TEST_SUITE_P(Forms, WholeNumber, ::testing::Values(
-    WholeCase{"", std::nullopt}, WholeCase{"   ", std::nullopt}, WholeCase{"12abc", std::nullopt},
-    WholeCase{" 12 ", 12.0}, WholeCase{"-5", -5.0}, WholeCase{"+5", 5.0}, WholeCase{"12.5", 12.5},
-    WholeCase{"12,5", 12.5}, WholeCase{"1e3", 1000.0}, WholeCase{"1e", std::nullopt},
-    WholeCase{".", std::nullopt}, WholeCase{"-", std::nullopt}, WholeCase{"&H10", 16.0},
-    WholeCase{"&H", std::nullopt}, WholeCase{"&Z0", std::nullopt}, WholeCase{"1 2", std::nullopt}, WholeCase{"1.2.3", std::nullopt},
-    WholeCase{"1e999", std::nullopt}));
-
-TEST(WholeNumberLocale, APeriodAlwaysWorksAndOnlyTheLocaleAddsAComma) {
-    EXPECT_EQ(wholeNumber("2.5", NumberLocale{","}), 2.5);
+// The locale adds its decimal comma; a period always works.
+TEST(ValueOfText, CountsAsANumberOnlyWhenTheWholeTextConverts) {
+    const std::pair<const char*, std::optional<double>> cases[] = {
+        {"", {}}, {"   ", {}}, {"12abc", {}}, {" 12 ", 12}, {"-5", -5}, {"+5", 5}, {"12.5", 12.5}, {"12,5", 12.5},
+        {"1e3", 1000}, {"1e", {}}, {".", {}}, {"-", {}}, {"&H10", 16}, {"&H", {}}, {"&Z0", {}}, {"1 2", {}},
+        {"1.2.3", {}}, {"1e999", {}}};
+    for (auto [text, value] : cases) EXPECT_EQ(wholeNumber(text, NumberLocale{","}), value) << "text: [" << text << "]";
     EXPECT_EQ(wholeNumber("2,5", NumberLocale{"."}), std::nullopt);
 }
 

@@ -19,9 +19,9 @@ std::vector<Ctl> disabledOf(const EntryForm& form, std::initializer_list<Ctl> co
 
 TEST(WindowDefaults, FieldsOptionsAndHelpOfAFreshWindow) {
     TestWindow w;
-    for (auto [field, text] : {std::pair{C::txtSeconds, "3"}, {C::txtMinutes, "0"}, {C::txtMiliseconds, "0"},
-                               {C::txtCount, "1"}, {C::txtTrackNum, "1"}, {C::txtX, ""}, {C::txtToSec, ""}})
-        EXPECT_EQ(w.text(field), text);
+    EXPECT_EQ(w.texts({C::txtSeconds, C::txtMinutes, C::txtMiliseconds, C::txtCount, C::txtTrackNum, C::txtX,
+                       C::txtToSec}),
+              (std::vector<std::string>{"3", "0", "0", "1", "1", "", ""}));
     for (Ctl c : {C::optClick, C::optCustom, C::optCount, C::optWeb, C::optManual, C::optRepeatTrack,
                   C::optImageInclude, C::optTopMost})
         EXPECT_TRUE(w.form().selected(c));
@@ -51,25 +51,23 @@ struct Interlock {
     std::vector<Ctl> off;
 };
 
+// The controls that an option or a check box switches together.
+const std::vector<Ctl> kFixedInterval = {C::lblMinutes, C::lblSeconds, C::lblMiliseconds, C::UpDown2, C::UpDown3,
+                                         C::UpDown4, C::txtMinutes, C::txtSeconds, C::txtMiliseconds};
+const std::vector<Ctl> kRandomInterval = {C::lblFromSec, C::lblToSec, C::txtFromSec, C::txtToSec};
+const std::vector<Ctl> kImage = {C::frmImage, C::optImageInclude, C::optImageNotInclude, C::txtTopX, C::txtTopY,
+                                 C::txtBottomX, C::txtBottomY, C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY};
+
 const Interlock kInterlocks[] = {
-    {"Random", [](TestWindow& w) { w.frm.selectOption(C::optRandom); },
-     {C::lblFromSec, C::lblToSec, C::txtFromSec, C::txtToSec},
-     {C::lblMinutes, C::lblSeconds, C::lblMiliseconds, C::UpDown2, C::UpDown3, C::UpDown4, C::txtMinutes, C::txtSeconds,
-      C::txtMiliseconds}},
+    {"Random", [](TestWindow& w) { w.frm.selectOption(C::optRandom); }, kRandomInterval, kFixedInterval},
     {"CustomAgain", [](TestWindow& w) { w.frm.selectOption(C::optRandom), w.frm.selectOption(C::optCustom); },
-     {C::lblMinutes, C::lblSeconds, C::lblMiliseconds, C::UpDown2, C::UpDown3, C::UpDown4, C::txtMinutes, C::txtSeconds,
-      C::txtMiliseconds},
-     {C::lblFromSec, C::lblToSec, C::txtFromSec, C::txtToSec}},
-    {"RecognizeImage", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1); },
-     {C::frmImage, C::optImageInclude, C::optImageNotInclude, C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY,
-      C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY, C::cmdGetPic},
-     {}},
+     kFixedInterval, kRandomInterval},
+    {"RecognizeImage", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1); }, kImage, {}},
     {"RecognizeImageOff", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1), w.frm.setCheck(C::chkRecImage, 0); },
-     {C::cmdGetPic},
-     {C::frmImage, C::optImageInclude, C::optImageNotInclude, C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY,
-      C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY}},
+     {C::cmdGetPic}, kImage},
     {"NonStop", [](TestWindow& w) { w.frm.selectOption(C::optLoop); }, {}, {C::txtCount}},
-    {"CountAgain", [](TestWindow& w) { w.frm.selectOption(C::optLoop), w.frm.selectOption(C::optCount); }, {C::txtCount}, {}},
+    {"CountAgain", [](TestWindow& w) { w.frm.selectOption(C::optLoop), w.frm.selectOption(C::optCount); },
+     {C::txtCount}, {}},
     {"FromTrackWithNonStopTrack", [](TestWindow& w) {
          w.frm.selectOption(C::optLooptrack);  // the program may select it while its frame is off
          w.frm.selectOption(C::optFromTrack);
@@ -131,27 +129,22 @@ TEST(SpinButtons, StepFromTheBuddysNumberWithinTheirRange) {
         const char* after;
     };
     for (Press p : {Press{C::UpDown2, C::txtMinutes, "0", +1, "1"}, {C::UpDown2, C::txtMinutes, "1", +1, "1"},
-                    {C::UpDown3, C::txtSeconds, "75", -1, "60"}, {C::UpDown3, C::txtSeconds, "0", -1, "0"}, {C::UpDown3, C::txtSeconds, "60", +1, "60"},
-                    {C::UpDown4, C::txtMiliseconds, "600", +1, "600"}, {C::UpDown4, C::txtMiliseconds, "0", -1, "0"},
-                    {C::UpDown4, C::txtMiliseconds, "abc", +1, "1"}, {C::UpDown4, C::txtMiliseconds, "2.5", +1, "3"}}) {
+                    {C::UpDown3, C::txtSeconds, "75", -1, "60"}, {C::UpDown3, C::txtSeconds, "0", -1, "0"},
+                    {C::UpDown3, C::txtSeconds, "60", +1, "60"}, {C::UpDown4, C::txtMiliseconds, "600", +1, "600"},
+                    {C::UpDown4, C::txtMiliseconds, "0", -1, "0"}, {C::UpDown4, C::txtMiliseconds, "abc", +1, "1"},
+                    {C::UpDown4, C::txtMiliseconds, "2.5", +1, "3"}}) {
         w.type(p.buddy, p.before);
         w.frm.spinButton(p.spin, p.direction);
         EXPECT_EQ(w.text(p.buddy), p.after) << p.before;
     }
 }
 
-TEST(ReadoutHelpAndLinks, FollowTheCursorToggleTheHelpAndOpenTheLinks) {
+TEST(ReadoutAndLinks, FollowTheCursorAndOpenTheLinks) {
     TestWindow w;
     w.desktop.cursor = {-200, 0};
     w.clock.setInterval(TimerId::timer, 1);
     w.clock.advanceBy(1);
-    EXPECT_EQ(w.text(C::lblXPos), "-200");
-    EXPECT_EQ(w.text(C::lblYPos), "0");
-
-    w.frm.cmdHelp_Click();
-    EXPECT_TRUE(w.form().visible(C::txtComments) && w.form().visible(C::txtComm2));
-    w.frm.cmdHelp_Click();
-    EXPECT_FALSE(w.form().visible(C::txtComments) || w.form().visible(C::txtComm2));
+    EXPECT_EQ(w.texts({C::lblXPos, C::lblYPos}), (std::vector<std::string>{"-200", "0"}));
 
     w.frm.Picture1_Click();
     w.frm.mnuGoToWebsite_Click();
@@ -208,24 +201,30 @@ TEST_P(ValidateInputTable, ShowsOnlyTheFirstProblemAndChangesNothing) {
     for (auto [field, text] : GetParam().fields) EXPECT_EQ(form.text(field), text);
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, ValidateInputTable, ::testing::Values(
-    ValidationCase{"LimitsThemselvesPass", {}, {{C::txtMinutes, "1"}, {C::txtSeconds, "60"}, {C::txtMiliseconds, "600"}}, nullptr},
-    ValidationCase{"MinutesJustAbove", {}, {{C::txtMinutes, "1.01"}}, "Maximum interval is 1 minute"},
-    ValidationCase{"SecondsAbove", {}, {{C::txtSeconds, "61"}}, "Maximum interval is 60 seconds"},
-    ValidationCase{"MilisecondsAbove", {}, {{C::txtMiliseconds, "601"}}, "Maximum interval is 600 miliseconds"},
-    ValidationCase{"NoLowerLimits", {}, {{C::txtMinutes, "-100"}, {C::txtSeconds, "-1e9"}}, nullptr},
-    ValidationCase{"MinutesEmpty", {}, {{C::txtMinutes, ""}}, "Error in input"},
-    ValidationCase{"MinutesCheckedBeforeSecondsAndPoint", {}, {{C::txtMinutes, "2"}, {C::txtSeconds, "x"}, {C::txtX, ""}}, "Maximum interval is 1 minute"},
-    ValidationCase{"CountFirst", {}, {{C::txtCount, "abc"}, {C::txtMinutes, "9"}}, "Error in input"},
-    ValidationCase{"CountIgnoredWhenNonStop", {C::optLoop}, {{C::txtCount, "abc"}}, nullptr},
-    ValidationCase{"RandomFromFirst", {C::optRandom}, {{C::txtFromSec, "abc"}, {C::txtToSec, "xyz"}}, "From Sec. must be decimal value"},
-    ValidationCase{"RandomTo", {C::optRandom}, {{C::txtFromSec, "2"}, {C::txtToSec, "xyz"}}, "To Sec. must be decimal value"},
-    ValidationCase{"RandomIgnoresFixedFields", {C::optRandom}, {{C::txtFromSec, "2"}, {C::txtToSec, "5"}, {C::txtMinutes, "99"}}, nullptr},
-    ValidationCase{"CustomIgnoresRandomFields", {}, {{C::txtFromSec, "abc"}}, nullptr},
-    ValidationCase{"PointNegativeFractionalCommaOrBlanks", {}, {{C::txtX, "  -5 "}, {C::txtY, "12,5"}}, nullptr},
-    ValidationCase{"YAfterX", {}, {{C::txtY, "1y"}}, "Error in input"},
-    ValidationCase{"XEmpty", {C::optRandom}, {{C::txtFromSec, "1"}, {C::txtToSec, "1"}, {C::txtX, ""}}, "Error in input"}),
-    [](const auto& info) { return std::string(info.param.name); });
+const char* const kError = "Error in input";
+const char* const kMaxMinute = "Maximum interval is 1 minute";
+
+const ValidationCase kValidations[] = {
+    {"LimitsThemselvesPass", {}, {{C::txtMinutes, "1"}, {C::txtSeconds, "60"}, {C::txtMiliseconds, "600"}}, nullptr},
+    {"MinutesJustAbove", {}, {{C::txtMinutes, "1.01"}}, kMaxMinute},
+    {"SecondsAbove", {}, {{C::txtSeconds, "61"}}, "Maximum interval is 60 seconds"},
+    {"MilisecondsAbove", {}, {{C::txtMiliseconds, "601"}}, "Maximum interval is 600 miliseconds"},
+    {"NoLowerLimits", {}, {{C::txtMinutes, "-100"}, {C::txtSeconds, "-1e9"}}, nullptr},
+    {"MinutesEmpty", {}, {{C::txtMinutes, ""}}, kError},
+    {"MinutesBeforeSecondsAndPoint", {}, {{C::txtMinutes, "2"}, {C::txtSeconds, "x"}, {C::txtX, ""}}, kMaxMinute},
+    {"CountFirst", {}, {{C::txtCount, "abc"}, {C::txtMinutes, "9"}}, kError},
+    {"CountIgnoredWhenNonStop", {C::optLoop}, {{C::txtCount, "abc"}}, nullptr},
+    {"FromBeforeTo", {C::optRandom}, {{C::txtFromSec, "abc"}, {C::txtToSec, "xyz"}}, "From Sec. must be decimal value"},
+    {"ToAfterFrom", {C::optRandom}, {{C::txtFromSec, "2"}, {C::txtToSec, "xyz"}}, "To Sec. must be decimal value"},
+    {"RandomSkipsFixed", {C::optRandom}, {{C::txtFromSec, "2"}, {C::txtToSec, "5"}, {C::txtMinutes, "9"}}, nullptr},
+    {"CustomIgnoresRandomFields", {}, {{C::txtFromSec, "abc"}}, nullptr},
+    {"PointNegativeFractionalCommaOrBlanks", {}, {{C::txtX, "  -5 "}, {C::txtY, "12,5"}}, nullptr},
+    {"YAfterX", {}, {{C::txtY, "1y"}}, kError},
+    {"XEmpty", {C::optRandom}, {{C::txtFromSec, "1"}, {C::txtToSec, "1"}, {C::txtX, ""}}, kError},
+};
+
+INSTANTIATE_TEST_SUITE_P(Cases, ValidateInputTable, ::testing::ValuesIn(kValidations),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace quorlin::testing

@@ -25,9 +25,6 @@ struct PostedMessage {
     std::uint32_t wParam;
     std::uint32_t lParam;
     long pumpPassesBefore;  // pump passes run before this message was posted
-    friend bool operator==(const PostedMessage& a, const PostedMessage& b) {
-        return a.window == b.window && a.code == b.code && a.wParam == b.wParam && a.lParam == b.lParam;
-    }
 };
 
 // An in-memory desktop: one window under every point, with a client origin of its own.
@@ -106,7 +103,7 @@ public:
     }
 
     // Runs an action when pump pass number `pass` (counted from now) is made.
-    void atPumpPass(long passFromNow, std::function<void()> action) { atPass_[passes + passFromNow] = std::move(action); }
+    void atPumpPass(long fromNow, std::function<void()> action) { atPass_[passes + fromNow] = std::move(action); }
     // Runs an action at a virtual time, as an event (a button press, say).
     void at(long time, std::function<void()> action) { planned_.emplace(time, std::move(action)); }
 

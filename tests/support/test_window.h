@@ -27,6 +27,11 @@ struct TestWindow {
     const EntryForm& form() const { return frm.form(); }
     WindowModel& model() { return frm.model(); }
     const std::string& text(Ctl field) const { return frm.form().text(field); }
+    std::vector<std::string> texts(std::initializer_list<Ctl> fields) const {
+        std::vector<std::string> out;
+        for (Ctl field : fields) out.push_back(text(field));
+        return out;
+    }
     void type(Ctl field, const std::string& text) { frm.setText(field, text); }
     void typeAll(std::initializer_list<std::pair<Ctl, const char*>> fields) {
         for (auto [field, text] : fields) frm.setText(field, text);
