@@ -83,7 +83,8 @@ INSTANTIATE_TEST_SUITE_P(Fields, CaptureRefusal, ::testing::Values(
     Refusal{{"", "1", "2", "2"}, kIncorrect}, Refusal{{"1", "1", "2", "abc"}, kIncorrect},
     Refusal{{"1", "x", "2", "2"}, kIncorrect}, Refusal{{"1", "1", "y", "2"}, kIncorrect},
     Refusal{{"40000", "1", "40001", "2"}, kLimits}, Refusal{{"0", "0", "1001", "0"}, kLimits},
-    Refusal{{"0", "0", "0", "1001"}, kLimits}, Refusal{{"-32769", "0", "0", "0"}, kLimits}));
+    Refusal{{"0", "0", "0", "1001"}, kLimits}, Refusal{{"-32769", "0", "0", "0"}, kLimits},
+    Refusal{{"0", "0", "0", "32768"}, kLimits}));
 
 // A 3 x 2 picture at screen (10, 20) and a screen that shows it, unless told otherwise.
 class ImageConditionTest : public ::testing::Test {

@@ -88,6 +88,14 @@ TEST_F(ProjectFile, TheExampleSetupIsWrittenByteForByte) {
 }
 
 TEST_F(ProjectFile, TheExampleFileLoadsBackIntoTheSameWindow) {
+    // Every value differs from the file's, so one the load leaves out shows in the save.
+    for (Ctl o : {C::optImageNotInclude, C::optRandom, C::optWeb, C::optFromTrack, C::optLooptrack, C::optLoop,
+                  C::optRightClick})
+        w.frm.selectOption(o);
+    w.frm.setCheck(C::chkText, 1);
+    w.typeAll({{C::txtTopX, "7"}, {C::txtTopY, "7"}, {C::txtBottomX, "7"}, {C::txtBottomY, "7"}, {C::txtText, "old"},
+               {C::txtTrackNum, "7"}, {C::txtCount, "7"}, {C::txtMinutes, "7"}, {C::txtSeconds, "7"},
+               {C::txtMiliseconds, "7"}, {C::txtFromSec, "7"}, {C::txtToSec, "7"}});
     load(kExampleFile);
     EXPECT_EQ(m.picture.iBottomY, 21);
     EXPECT_EQ(m.step.ClickKind, "Click");
@@ -237,6 +245,8 @@ const LoadCase kLoads[] = {
     {"RightClickType", imageOff() + runSettings("False", "False", "True"),
      [](ProjectFile& t) { EXPECT_EQ(t.m.step.ClickKind, "RightClick"); },
      [](ProjectFile& t) { t.w.frm.selectOption(C::optDbClick); }},
+    {"EndsBeforeAText", lines({"True", "False"}), [](ProjectFile& t) { EXPECT_EQ(t.m.picture.iTopX, 5); },
+     [](ProjectFile& t) { t.m.picture.iTopX = 5; }},
     {"CheckLinesOtherThanOneClear", imageOff({"True", "False", "", "", "", "", "2"}) + runSettings(),
      [](ProjectFile& t) {
          EXPECT_EQ(t.w.form().value(C::chkRecImage), 0);
