@@ -25,14 +25,10 @@ const fs::path& folder() {
     return dir;
 }
 
-void load(TestWindow& w, const fs::path& file) {
+// "Load project" or "Save project" with the file chosen in its dialog.
+void press(TestWindow& w, Ctl button, const fs::path& file) {
     w.dialogs.answers.push(file.string());
-    w.frm.cmdLoad_Click();
-}
-
-void save(TestWindow& w, const fs::path& file) {
-    w.dialogs.answers.push(file.string());
-    w.frm.cmdSave_Click();
+    w.frm.buttonClicked(button);
 }
 
 // Each row as the user would try it: a click on the row, then one manual step of it.
@@ -57,14 +53,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     TestWindow w;
     w.screen.pixelAt = [](int x, int y) { return (x * 31 + y) & 0xFFFFFF; };
-    load(w, input);
+    press(w, Ctl::cmdLoad, input);
     tryEveryRow(w);
     w.frm.cmdGetPic_Click();
     w.frm.Form_Paint();
-    save(w, saved);
+    press(w, Ctl::cmdSave, saved);
 
     TestWindow again;
-    load(again, saved);
+    press(again, Ctl::cmdLoad, saved);
     tryEveryRow(again);
     return 0;
 }
