@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 
 #include "support/test_window.h"
 
@@ -15,15 +16,6 @@ namespace {
 using quorlin::Ctl;
 using quorlin::testing::TestWindow;
 namespace fs = std::filesystem;
-
-const fs::path& folder() {
-    static const fs::path dir = [] {
-        fs::path d = fs::temp_directory_path() / ("quorlin-window-fuzz-" + std::to_string(::getpid()));
-        fs::create_directories(d);
-        return d;
-    }();
-    return dir;
-}
 
 // "Load project" or "Save project" with the file chosen in its dialog.
 void press(TestWindow& w, Ctl button, const fs::path& file) {
@@ -47,9 +39,11 @@ void tryEveryRow(TestWindow& w) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const fs::path input = folder() / "input.tpl";
-    const fs::path saved = folder() / "saved.tpl";
-    std::ofstream(input, std::ios::binary).write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    static const fs::path folder = fs::temp_directory_path() / ("quorlin-window-fuzz-" + std::to_string(::getpid()));
+    fs::create_directories(folder);
+    const fs::path input = folder / "input.tpl";
+    const fs::path saved = folder / "saved.tpl";
+    std::ofstream(input, std::ios::binary) << std::string_view(reinterpret_cast<const char*>(data), size);
 
     TestWindow w;
     w.screen.pixelAt = [](int x, int y) { return (x * 31 + y) & 0xFFFFFF; };

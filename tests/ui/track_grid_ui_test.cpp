@@ -11,11 +11,11 @@
 namespace quorlin::testing {
 namespace {
 
-// A window with entries whose X cells read "1", "2", ...
 struct GridWindow : UiWindow {
     QTableWidget* table = window.grid();
 
-    explicit GridWindow(int entries) {
+    // Entries whose X cells read "1", "2", ...
+    void add(int entries) {
         for (int i = 1; i <= entries; ++i) {
             frm.setText(Ctl::txtX, std::to_string(i));
             frm.setText(Ctl::txtY, "5");
@@ -32,7 +32,8 @@ struct GridWindow : UiWindow {
 };
 
 TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
-    GridWindow ui(4);
+    GridWindow ui;
+    ui.add(4);
     ui.clickRow(2);
     EXPECT_EQ(ui.frm.form().text(Ctl::txtX), "2") << "a click loads its row";
     ui.table->setFocus();
@@ -69,20 +70,32 @@ TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
     EXPECT_EQ(ui.table->currentRow(), -1);
 }
 
-// The header row is the first thing in the grid's box however its rows are scrolled.
-void expectHeaderShown(QTableWidget* table) {
+// Every cell's whole text is also its tool tip, and the header row is the first thing in
+// the grid's box however its rows are scrolled.
+void expectThirtyEntriesUnderTheHeader(QTableWidget* table, const char* when) {
+    SCOPED_TRACE(when);
+    EXPECT_EQ(table->rowCount(), 30);
+    EXPECT_EQ(table->item(29, colType)->text(), "RightClick");
+    EXPECT_EQ(table->item(29, colType)->toolTip(), "RightClick");
+    EXPECT_EQ(table->item(29, colText)->toolTip(), "a long text to type");
+    EXPECT_EQ(table->horizontalHeaderItem(colImage)->toolTip(), "Image");
     QHeaderView* header = table->horizontalHeader();
     EXPECT_TRUE(header->isVisible());
     EXPECT_LT(header->geometry().bottom(), table->viewport()->geometry().top());
     EXPECT_EQ(header->sectionViewportPosition(0), 0) << "\"#\" is shown from the left edge";
     EXPECT_EQ(table->horizontalHeaderItem(0)->text(), "#");
+    EXPECT_EQ(table->horizontalScrollBar()->value(), 0);
 }
 
-TEST(TrackGridUi, TheHeaderStaysInViewWithThirtyEntriesAndAfterALoad) {
-    GridWindow ui(30);
+TEST(TrackGridUi, ThirtyEntriesShowTheirTextsAndToolTipsUnderTheHeaderAlsoAfterALoad) {
+    GridWindow ui;
+    ui.click(Ctl::optRightClick);
+    ui.click(Ctl::chkText);
+    QTest::keyClicks(ui.window.widgetFor(Ctl::txtText), "a long text to type");
+    ui.add(30);
     ui.table->scrollToBottom();
     EXPECT_GT(ui.table->verticalScrollBar()->value(), 0);
-    expectHeaderShown(ui.table);
+    expectThirtyEntriesUnderTheHeader(ui.table, "added");
 
     const auto path = std::filesystem::temp_directory_path() / "quorlin-ui-grid.tpl";
     ui.dialogs.answers.push(path.string());
@@ -90,22 +103,7 @@ TEST(TrackGridUi, TheHeaderStaysInViewWithThirtyEntriesAndAfterALoad) {
     ui.dialogs.answers.push(path.string());
     ui.click(Ctl::cmdLoad);
     std::filesystem::remove(path);
-    EXPECT_EQ(ui.table->rowCount(), 30);
-    EXPECT_EQ(ui.table->horizontalScrollBar()->value(), 0);
-    expectHeaderShown(ui.table);
-}
-
-TEST(TrackGridUi, EveryCellShowsItsWholeTextAsAToolTip) {
-    GridWindow ui(0);
-    ui.click(Ctl::optRightClick);
-    ui.click(Ctl::chkText);
-    QTest::keyClicks(ui.window.widgetFor(Ctl::txtText), "a long text to type");
-    ui.typeInto({{Ctl::txtX, "1"}, {Ctl::txtY, "1"}});
-    ui.click(Ctl::cmdAddtoList);
-    EXPECT_EQ(ui.table->item(0, colType)->text(), "RightClick");
-    EXPECT_EQ(ui.table->item(0, colType)->toolTip(), "RightClick");
-    EXPECT_EQ(ui.table->item(0, colText)->toolTip(), "a long text to type");
-    EXPECT_EQ(ui.table->horizontalHeaderItem(colImage)->toolTip(), "Image");
+    expectThirtyEntriesUnderTheHeader(ui.table, "loaded");
 }
 
 }  // namespace
