@@ -58,6 +58,8 @@ TEST(MainWindowUi, OptionsSwitchTheirFieldsThroughTheCore) {
     EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtText)->isEnabled());
     QTest::keyClicks(ui.get<QPlainTextEdit>(Ctl::txtText), "a\rb");
     EXPECT_EQ(ui.frm.model().step.sTypeText, "a\r\nb");
+    ui.click(Ctl::chkText);
+    EXPECT_FALSE(ui.get<QPlainTextEdit>(Ctl::txtText)->isEnabled()) << "unticked";
 }
 
 TEST(MainWindowUi, ClosingTheWindowEndsATrackListRunWaitingInsideStart) {

@@ -76,6 +76,7 @@ TEST_P(WindowAtDpi, TheWholeWindowScalesWithTheDensity) {
     };
     EXPECT_EQ(ui.window.centralWidget()->size(), QSize(px(6825), px(9345)));
     EXPECT_EQ(ui.window.widgetFor(Ctl::cmdStart)->geometry(), rect(120, 8745, 1500, 405));
+    EXPECT_EQ(ui.window.grid()->columnWidth(0), px(400));
     EXPECT_EQ(ui.window.grid()->columnWidth(8), px(900));
     EXPECT_NEAR(ui.window.widgetFor(Ctl::txtX)->font().pixelSize(), 8.25 * dpi / 72, 0.5);
     const QSize box = ui.window.widgetFor(Ctl::picScreen)->size();
