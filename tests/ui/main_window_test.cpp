@@ -54,6 +54,12 @@ TEST(MainWindowUi, OptionsSwitchTheirFieldsThroughTheCore) {
     ui.click(Ctl::optRandom);  // clicking the selected option keeps it selected
     EXPECT_TRUE(ui.get<QRadioButton>(Ctl::optRandom)->isChecked());
 
+    // A double click alone, with no click before it, has its own reaction.
+    const QPointF at(5, 5);
+    QMouseEvent doubleClick(QEvent::MouseButtonDblClick, at, at, Qt::LeftButton, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(ui.window.widgetFor(Ctl::optRightClick), &doubleClick);
+    EXPECT_EQ(ui.frm.model().step.ClickKind, "RightClick");
+
     ui.click(Ctl::chkText);
     EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtText)->isEnabled());
     QTest::keyClicks(ui.get<QPlainTextEdit>(Ctl::txtText), "a\rb");
