@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <string_view>
 
 #include "support/test_window.h"
 
@@ -16,23 +17,10 @@ using quorlin::Ctl;
 using quorlin::testing::TestWindow;
 namespace fs = std::filesystem;
 
-const fs::path& folder() {
-    static const fs::path dir = [] {
-        fs::path d = fs::temp_directory_path() / ("quorlin-window-fuzz-" + std::to_string(::getpid()));
-        fs::create_directories(d);
-        return d;
-    }();
-    return dir;
-}
-
-void load(TestWindow& w, const fs::path& file) {
+// "Load project" or "Save project" with the file chosen in its dialog.
+void press(TestWindow& w, Ctl button, const fs::path& file) {
     w.dialogs.answers.push(file.string());
-    w.frm.cmdLoad_Click();
-}
-
-void save(TestWindow& w, const fs::path& file) {
-    w.dialogs.answers.push(file.string());
-    w.frm.cmdSave_Click();
+    w.frm.buttonClicked(button);
 }
 
 // Each row as the user would try it: a click on the row, then one manual step of it.
@@ -51,20 +39,22 @@ void tryEveryRow(TestWindow& w) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const fs::path input = folder() / "input.tpl";
-    const fs::path saved = folder() / "saved.tpl";
-    std::ofstream(input, std::ios::binary).write(reinterpret_cast<const char*>(data), static_cast<std::streamsize>(size));
+    static const fs::path folder = fs::temp_directory_path() / ("quorlin-window-fuzz-" + std::to_string(::getpid()));
+    fs::create_directories(folder);
+    const fs::path input = folder / "input.tpl";
+    const fs::path saved = folder / "saved.tpl";
+    std::ofstream(input, std::ios::binary) << std::string_view(reinterpret_cast<const char*>(data), size);
 
     TestWindow w;
     w.screen.pixelAt = [](int x, int y) { return (x * 31 + y) & 0xFFFFFF; };
-    load(w, input);
+    press(w, Ctl::cmdLoad, input);
     tryEveryRow(w);
     w.frm.cmdGetPic_Click();
     w.frm.Form_Paint();
-    save(w, saved);
+    press(w, Ctl::cmdSave, saved);
 
     TestWindow again;
-    load(again, saved);
+    press(again, Ctl::cmdLoad, saved);
     tryEveryRow(again);
     return 0;
 }

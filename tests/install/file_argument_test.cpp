@@ -1,25 +1,19 @@
 // `quorlin FILE.tpl` started for real on the test display: the project's picture
 // shows in the window, and the window carries the class its desktop entry names.
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <string>
-#include <thread>
 #include <vector>
 
+#include "x11/child_process.h"
+#include "x11/eventually.h"
 #include "x11/x11_connection.h"
 #include "x11/x11_screen_reader.h"
 
 // After gtest: Xlib defines macros such as None and Bool.
 #include <X11/Xutil.h>
-
-extern char** environ;
 
 namespace {
 
@@ -39,23 +33,6 @@ std::string projectWithPicture() {
         file += std::string(line) + "\r\n";
     return file;
 }
-
-class RunningQuorlin {
-public:
-    explicit RunningQuorlin(const std::string& projectPath) {
-        std::vector<char*> argv{const_cast<char*>(QUORLIN_BINARY), const_cast<char*>(projectPath.c_str()), nullptr};
-        if (posix_spawn(&pid_, QUORLIN_BINARY, nullptr, nullptr, argv.data(), environ) != 0) pid_ = 0;
-    }
-    ~RunningQuorlin() {
-        if (pid_ <= 0) return;
-        kill(pid_, SIGTERM);
-        waitpid(pid_, nullptr, 0);
-    }
-    bool started() const { return pid_ > 0; }
-
-private:
-    pid_t pid_ = 0;
-};
 
 // Whether a whole row of the picture's side lies on screen in its colour.
 bool pictureOnScreen(quorlin::x11::X11Connection& x) {
@@ -93,13 +70,8 @@ TEST(FileArgument, StartsWithTheProjectLoadedInAWindowOfClassQuorlin) {
     quorlin::x11::X11Connection x;
     ASSERT_FALSE(pictureOnScreen(x));
 
-    RunningQuorlin quorlin(project.string());
-    ASSERT_TRUE(quorlin.started());
-    bool shown = false;
-    for (auto deadline = std::chrono::steady_clock::now() + 20s; !shown && std::chrono::steady_clock::now() < deadline;
-         std::this_thread::sleep_for(100ms))
-        shown = pictureOnScreen(x);
-    EXPECT_TRUE(shown);
+    quorlin::testing::ChildProcess quorlin({QUORLIN_BINARY, project.string()});
+    EXPECT_TRUE(quorlin::testing::eventually([&] { return pictureOnScreen(x); }, 20s));
     EXPECT_TRUE(topLevelOfClass(x, "quorlin", "quorlin"));
     fs::remove(project);
 }

@@ -15,10 +15,6 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-double msBetween(Clock::time_point from, Clock::time_point to) {
-    return std::chrono::duration<double, std::milli>(to - from).count();
-}
-
 // tmrCount's ticks in ms after it was armed, until `count` have come or a second has
 // passed. The loop sleeps between events, as the program's does: a loop that polls
 // would be preempted on a busy machine and see ticks late.
@@ -29,7 +25,7 @@ struct TickLog {
     std::size_t wanted = 0;
     QEventLoop loop;
     qt::QtTimers timers{[this](TimerId) {
-        at.push_back(msBetween(start, Clock::now()));
+        at.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
         onTick(at.size());
         if (at.size() == wanted) loop.quit();
     }};
@@ -58,12 +54,6 @@ TEST(QtTimers, TwoHundredTicksAtOneMillisecondTakeTwoHundredMilliseconds) {
     EXPECT_LE(best, 215.0);
 }
 
-struct LateTick {
-    const char* name;
-    int blockMs;             // how long the first tick's handler keeps the thread
-    std::vector<double> at;  // when the next ticks are due, in ms after arming
-};
-
 bool keepsTo(const std::vector<double>& ticks, const std::vector<double>& due) {
     for (std::size_t i = 0; i < due.size(); ++i)
         if (ticks.size() <= i + 1 || ticks[i + 1] < due[i] - 0.1 || ticks[i + 1] > due[i] + 6) return false;
@@ -74,11 +64,15 @@ bool keepsTo(const std::vector<double>& ticks, const std::vector<double>& due) {
 // at once, and the ticks after it keep to the deadlines they had from the start (one
 // try in three may be late on a busy machine).
 TEST(QtTimers, ALateTickComesAtOnceAndTheNextKeepToTheirDeadlines) {
-    const LateTick cases[] = {
+    const struct {
+        const char* name;
+        int blockMs;             // how long the first tick's handler keeps the thread
+        std::vector<double> at;  // when the next ticks are due, in ms after arming
+    } cases[] = {
         {"past one deadline", 30, {50, 60, 80}},
         {"past three deadlines", 72, {92, 100, 120}},
     };
-    for (const LateTick& c : cases) {
+    for (const auto& c : cases) {
         std::vector<double> ticks;
         for (int attempt = 0; attempt < 3 && (attempt == 0 || !keepsTo(ticks, c.at)); ++attempt) {
             TickLog log;

@@ -11,11 +11,11 @@
 namespace quorlin::testing {
 namespace {
 
-// A window with entries whose X cells read "1", "2", ...
 struct GridWindow : UiWindow {
     QTableWidget* table = window.grid();
 
-    explicit GridWindow(int entries) {
+    // Entries whose X cells read "1", "2", ...
+    void add(int entries) {
         for (int i = 1; i <= entries; ++i) {
             frm.setText(Ctl::txtX, std::to_string(i));
             frm.setText(Ctl::txtY, "5");
@@ -24,7 +24,6 @@ struct GridWindow : UiWindow {
     }
     QPoint centreOf(int entryRow) { return table->visualRect(table->model()->index(entryRow - 1, 2)).center(); }
     void clickRow(int entryRow) { QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, centreOf(entryRow)); }
-    std::string xOf(int entryRow) { return frm.model().fgResult.cell(entryRow, colX); }
     // The row the user sees highlighted, in the grid's numbering.
     int highlighted() {
         const auto rows = table->selectionModel()->selectedRows();
@@ -33,7 +32,8 @@ struct GridWindow : UiWindow {
 };
 
 TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
-    GridWindow ui(4);
+    GridWindow ui;
+    ui.add(4);
     ui.clickRow(2);
     EXPECT_EQ(ui.frm.form().text(Ctl::txtX), "2") << "a click loads its row";
     ui.table->setFocus();
@@ -46,8 +46,6 @@ TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
     const Move moves[] = {
         {"Down", [&] { QTest::keyClick(ui.table, Qt::Key_Down); }, 3},
         {"Ctrl+Home", [&] { QTest::keyClick(ui.table, Qt::Key_Home, Qt::ControlModifier); }, 1},
-        {"Ctrl+End", [&] { QTest::keyClick(ui.table, Qt::Key_End, Qt::ControlModifier); }, 4},
-        {"Up", [&] { QTest::keyClick(ui.table, Qt::Key_Up); }, 3},
         {"a drag from 1 to 2", [&] {
              QTest::mousePress(ui.table->viewport(), Qt::LeftButton, {}, ui.centreOf(1));
              QTest::mouseMove(ui.table->viewport(), ui.centreOf(2));
@@ -61,16 +59,10 @@ TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
         EXPECT_EQ(ui.frm.form().text(Ctl::txtX), "2") << move.how << " loads nothing";
     }
 
-    ui.typeInto(Ctl::txtX, "99");
-    ui.click(Ctl::cmdUpdate);
-    EXPECT_EQ(ui.xOf(2), "99");
-    EXPECT_EQ(ui.xOf(3), "3");
-
-    QTest::keyClick(ui.table, Qt::Key_Down);
+    QTest::keyClick(ui.table, Qt::Key_End, Qt::ControlModifier);
     ui.click(Ctl::cmdRemove);
-    EXPECT_EQ(ui.table->rowCount(), 3);
-    EXPECT_EQ(ui.xOf(2), "99");
-    EXPECT_EQ(ui.xOf(3), "4") << "the highlighted entry 3 is the one removed";
+    EXPECT_EQ(ui.table->rowCount(), 3) << "the highlighted entry 4 is the one removed";
+    EXPECT_EQ(ui.table->item(2, colX)->text(), "3");
     EXPECT_EQ(ui.highlighted(), 3) << "the last row is current after removing";
 
     ui.click(Ctl::cmdClearTrackList);
@@ -78,20 +70,32 @@ TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
     EXPECT_EQ(ui.table->currentRow(), -1);
 }
 
-// The header row is the first thing in the grid's box however its rows are scrolled.
-void expectHeaderShown(QTableWidget* table) {
+// Every cell's whole text is also its tool tip, and the header row is the first thing in
+// the grid's box however its rows are scrolled.
+void expectThirtyEntriesUnderTheHeader(QTableWidget* table, const char* when) {
+    SCOPED_TRACE(when);
+    EXPECT_EQ(table->rowCount(), 30);
+    EXPECT_EQ(table->item(29, colType)->text(), "RightClick");
+    EXPECT_EQ(table->item(29, colType)->toolTip(), "RightClick");
+    EXPECT_EQ(table->item(29, colText)->toolTip(), "a long text to type");
+    EXPECT_EQ(table->horizontalHeaderItem(colImage)->toolTip(), "Image");
     QHeaderView* header = table->horizontalHeader();
     EXPECT_TRUE(header->isVisible());
     EXPECT_LT(header->geometry().bottom(), table->viewport()->geometry().top());
     EXPECT_EQ(header->sectionViewportPosition(0), 0) << "\"#\" is shown from the left edge";
     EXPECT_EQ(table->horizontalHeaderItem(0)->text(), "#");
+    EXPECT_EQ(table->horizontalScrollBar()->value(), 0);
 }
 
-TEST(TrackGridUi, TheHeaderStaysInViewWithThirtyEntriesAndAfterALoad) {
-    GridWindow ui(30);
+TEST(TrackGridUi, ThirtyEntriesShowTheirTextsAndToolTipsUnderTheHeaderAlsoAfterALoad) {
+    GridWindow ui;
+    ui.click(Ctl::optRightClick);
+    ui.click(Ctl::chkText);
+    QTest::keyClicks(ui.window.widgetFor(Ctl::txtText), "a long text to type");
+    ui.add(30);
     ui.table->scrollToBottom();
     EXPECT_GT(ui.table->verticalScrollBar()->value(), 0);
-    expectHeaderShown(ui.table);
+    expectThirtyEntriesUnderTheHeader(ui.table, "added");
 
     const auto path = std::filesystem::temp_directory_path() / "quorlin-ui-grid.tpl";
     ui.dialogs.answers.push(path.string());
@@ -99,23 +103,7 @@ TEST(TrackGridUi, TheHeaderStaysInViewWithThirtyEntriesAndAfterALoad) {
     ui.dialogs.answers.push(path.string());
     ui.click(Ctl::cmdLoad);
     std::filesystem::remove(path);
-    EXPECT_EQ(ui.table->rowCount(), 30);
-    EXPECT_EQ(ui.table->horizontalScrollBar()->value(), 0);
-    expectHeaderShown(ui.table);
-}
-
-TEST(TrackGridUi, EveryCellShowsItsWholeTextAsAToolTip) {
-    GridWindow ui(0);
-    EXPECT_EQ(ui.highlighted(), 0) << "no row is highlighted in a fresh window";
-    EXPECT_EQ(ui.table->currentRow(), -1);
-    ui.click(Ctl::optRightClick);
-    ui.click(Ctl::chkText);
-    QTest::keyClicks(ui.window.widgetFor(Ctl::txtText), "a long text to type");
-    ui.typeInto({{Ctl::txtX, "1"}, {Ctl::txtY, "1"}});
-    ui.click(Ctl::cmdAddtoList);
-    EXPECT_EQ(ui.table->item(0, colType)->toolTip(), "RightClick");
-    EXPECT_EQ(ui.table->item(0, colText)->toolTip(), "a long text to type");
-    EXPECT_EQ(ui.table->horizontalHeaderItem(colImage)->toolTip(), "Image");
+    expectThirtyEntriesUnderTheHeader(ui.table, "loaded");
 }
 
 }  // namespace

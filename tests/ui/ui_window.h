@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTest>
 #include <optional>
@@ -35,18 +33,12 @@ struct UiWindow {
         return qobject_cast<W*>(window.widgetFor(id));
     }
     void click(Ctl id) { QTest::mouseClick(window.widgetFor(id), Qt::LeftButton, {}, QPoint(5, 5)); }
-    void typeInto(Ctl id, const QString& text) {
-        auto* edit = get<QLineEdit>(id);
-        edit->selectAll();
-        QTest::keyClicks(edit, text);
-    }
     void typeInto(std::initializer_list<std::pair<Ctl, const char*>> fields) {
-        for (auto [id, text] : fields) typeInto(id, text);
-    }
-    void waitUntil(const std::function<bool()>& done, int ms) {
-        QElapsedTimer clock;
-        clock.start();
-        while (!done() && clock.elapsed() < ms) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+        for (auto [id, text] : fields) {
+            auto* edit = get<QLineEdit>(id);
+            edit->selectAll();
+            QTest::keyClicks(edit, text);
+        }
     }
 };
 

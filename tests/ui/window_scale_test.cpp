@@ -17,29 +17,26 @@ struct Caption {
     QRect room;  // what the control shows of it
 };
 
-Caption buttonCaption(QAbstractButton* button, QStyle::SubElement contents, int alignment) {
-    QStyleOptionButton option;
-    option.initFrom(button);
-    option.rect = button->rect();
-    const QRect room = button->style()->subElementRect(contents, &option, button);
-    return {button->style()->itemTextRect(button->fontMetrics(), room, alignment, true, button->text()), room};
-}
-
 Caption captionOf(QWidget* control) {
-    if (auto* option = qobject_cast<QRadioButton*>(control))
-        return buttonCaption(option, QStyle::SE_RadioButtonContents, Qt::AlignLeft | Qt::AlignVCenter);
-    if (auto* check = qobject_cast<QCheckBox*>(control))
-        return buttonCaption(check, QStyle::SE_CheckBoxContents, Qt::AlignLeft | Qt::AlignVCenter);
-    if (auto* button = qobject_cast<QPushButton*>(control))
-        return buttonCaption(button, QStyle::SE_PushButtonContents, Qt::AlignCenter);
-    if (auto* label = qobject_cast<QLabel*>(control)) {
-        const QRect room = label->contentsRect();
-        return {label->style()->itemTextRect(label->fontMetrics(), room, static_cast<int>(label->alignment()), true,
-                                             label->text()),
-                room};
+    if (auto* frame = dynamic_cast<qt::ClassicFrame*>(control))
+        return {QRect(frame->titleRect().topLeft(), frame->fontMetrics().size(0, frame->title())), frame->rect()};
+    auto* button = qobject_cast<QAbstractButton*>(control);
+    auto* label = qobject_cast<QLabel*>(control);
+    QRect room = control->contentsRect();
+    Qt::Alignment alignment = label ? label->alignment() : Qt::AlignLeft | Qt::AlignVCenter;
+    if (button) {
+        QStyleOptionButton option;
+        option.initFrom(button);
+        option.rect = button->rect();
+        const auto contents = qobject_cast<QRadioButton*>(button) ? QStyle::SE_RadioButtonContents
+                              : qobject_cast<QCheckBox*>(button) ? QStyle::SE_CheckBoxContents
+                                                                 : QStyle::SE_PushButtonContents;
+        room = button->style()->subElementRect(contents, &option, button);
+        if (qobject_cast<QPushButton*>(button)) alignment = Qt::AlignCenter;
     }
-    auto* frame = dynamic_cast<qt::ClassicFrame*>(control);
-    return {QRect(frame->titleRect().topLeft(), frame->fontMetrics().size(0, frame->title())), frame->rect()};
+    const QString text = button ? button->text() : label->text();
+    const QRect written = control->style()->itemTextRect(control->fontMetrics(), room, int(alignment), true, text);
+    return {written, room};
 }
 
 // Later siblings are drawn over a control.
@@ -79,6 +76,7 @@ TEST_P(WindowAtDpi, TheWholeWindowScalesWithTheDensity) {
     };
     EXPECT_EQ(ui.window.centralWidget()->size(), QSize(px(6825), px(9345)));
     EXPECT_EQ(ui.window.widgetFor(Ctl::cmdStart)->geometry(), rect(120, 8745, 1500, 405));
+    EXPECT_EQ(ui.window.grid()->columnWidth(0), px(400));
     EXPECT_EQ(ui.window.grid()->columnWidth(8), px(900));
     EXPECT_NEAR(ui.window.widgetFor(Ctl::txtX)->font().pixelSize(), 8.25 * dpi / 72, 0.5);
     const QSize box = ui.window.widgetFor(Ctl::picScreen)->size();
