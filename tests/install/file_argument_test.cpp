@@ -7,8 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "x11/child_process.h"
-#include "x11/eventually.h"
+#include "x11/x11_fixtures.h"
 #include "x11/x11_connection.h"
 #include "x11/x11_screen_reader.h"
 

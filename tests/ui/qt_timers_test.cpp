@@ -15,16 +15,19 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-// tmrCount's ticks in ms after it was armed, until `count` have come or a second has
+// The armed timer's ticks in ms after it was armed, until `count` have come or a second has
 // passed. The loop sleeps between events, as the program's does: a loop that polls
 // would be preempted on a busy machine and see ticks late.
 struct TickLog {
     std::vector<double> at;
+    std::vector<TimerId> ids;
+    TimerId armed = TimerId::tmrCount;
     std::function<void(std::size_t)> onTick = [](std::size_t) {};
     Clock::time_point start;
     std::size_t wanted = 0;
     QEventLoop loop;
-    qt::QtTimers timers{[this](TimerId) {
+    qt::QtTimers timers{[this](TimerId id) {
+        ids.push_back(id);
         at.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
         onTick(at.size());
         if (at.size() == wanted) loop.quit();
@@ -34,9 +37,9 @@ struct TickLog {
         wanted = count;
         QTimer::singleShot(1000, &loop, &QEventLoop::quit);
         start = Clock::now();
-        timers.setInterval(TimerId::tmrCount, intervalMs);
+        timers.setInterval(armed, intervalMs);
         loop.exec();
-        timers.setInterval(TimerId::tmrCount, 0);
+        timers.setInterval(armed, 0);
     }
 };
 
@@ -52,6 +55,15 @@ TEST(QtTimers, TwoHundredTicksAtOneMillisecondTakeTwoHundredMilliseconds) {
     }
     EXPECT_GE(best, 199.9);
     EXPECT_LE(best, 215.0);
+}
+
+TEST(QtTimers, EachTimerTicksAsItself) {
+    for (TimerId id : {TimerId::tmrCount, TimerId::tmrLoop, TimerId::timer}) {
+        TickLog log;
+        log.armed = id;
+        log.run(5, 2);
+        EXPECT_EQ(log.ids, std::vector<TimerId>(2, id));
+    }
 }
 
 bool keepsTo(const std::vector<double>& ticks, const std::vector<double>& due) {
