@@ -113,6 +113,7 @@ const Total kTotals[] = {
     {"00", "70", "0", true, false, true},        // random: seconds still count when adding
     {"5", "60", "535", true, true, true},        // random: 60535, the minutes are left out
     {"1", "0", "65536", true, false, true},      // "0" seconds skipped, milliseconds counted
+    {"-1", "0", "-2147423648", false, true, true},  // -2^31, the smallest total that fits
 };
 
 class TrackTotal : public TrackEdit, public ::testing::WithParamInterface<Total> {};
