@@ -8,7 +8,7 @@ namespace quorlin {
 // that must show the current reference picture.
 struct StepCondition {
     bool hasImage = false;
-    ScreenRect rect;
+    ScreenRect rect{};
 };
 
 }  // namespace quorlin

@@ -11,10 +11,10 @@ inline constexpr Colour kOffScreen = -1;
 
 // A screen rectangle, both corners inclusive.
 struct ScreenRect {
-    std::int32_t left = 0;
-    std::int32_t top = 0;
-    std::int32_t right = 0;
-    std::int32_t bottom = 0;
+    std::int32_t left;
+    std::int32_t top;
+    std::int32_t right;
+    std::int32_t bottom;
 
     // In 64 bits: the extreme corners of 32-bit coordinates span more than 32 bits hold.
     std::int64_t width() const { return right < left ? 0 : std::int64_t{right} - left + 1; }
