@@ -11,6 +11,9 @@ namespace {
 // Small enough to format while the part before is written; large enough that
 // starting its thread costs little.
 constexpr std::size_t kPixelsPerPart = std::size_t{1} << 18;
+// Parts formatted ahead of the one being written: with one part per core, the cores
+// sat idle whenever the writing caught up with the formatting.
+constexpr std::size_t kPartsAheadPerCore = 4;
 }  // namespace
 
 TextPipeline::TextPipeline(Sink sink)
@@ -32,7 +35,7 @@ bool TextPipeline::addPixels(int columns, std::size_t height, const ColumnSource
     if (columns <= 0 || height == 0) return !failed_;
     const std::size_t perPart = std::max<std::size_t>(1, kPixelsPerPart / height);
     for (std::size_t from = 0; from < static_cast<std::size_t>(columns); from += perPart) {
-        while (!failed_ && formatting_ >= cores_) writeOldest();
+        while (!failed_ && formatting_ >= kPartsAheadPerCore * cores_) writeOldest();
         if (failed_) return false;
         const auto to = static_cast<int>(std::min<std::size_t>(columns, from + perPart));
         Part& part = queued();
