@@ -31,8 +31,8 @@ public:
     Quorlin() {
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
-        std::wstring commandLine = L"\"" + quorlinExe + L"\"";
-        if (!CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process_))
+        std::wstring line = L"\"" + quorlinExe + L"\"";
+        if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process_))
             throw std::runtime_error("quorlin.exe does not start");
         main_ = waitForWindow(L"Quorlin", nullptr);
     }
@@ -64,8 +64,9 @@ public:
         return found;
     }
 
-    // Chooses a file in the program's file dialog, once it shows.
-    void chooseFile(const std::wstring& path) {
+    // Presses a file button, chooses the file in the dialog it opens and waits until `done`.
+    void chooseFile(Ctl button, const std::filesystem::path& path, const std::function<bool()>& done) {
+        click(button);
         HWND dialog = waitForWindow(L"Load Attachement", L"#32770");
         ASSERT_TRUE(dialog);
         HWND filter = GetDlgItem(dialog, cmb1);
@@ -74,9 +75,9 @@ public:
         SendMessageW(filter, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(description));
         EXPECT_STREQ(description, L"Files (*.tpl)");
         HWND name = GetDlgItem(dialog, cmb13) ? GetDlgItem(dialog, cmb13) : GetDlgItem(dialog, edt1);
-        SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.c_str()));
+        SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.wstring().c_str()));
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-        pumpMessages(5000, [&] { return !IsWindow(dialog); });
+        pumpMessages(10000, done);
     }
 
 private:
@@ -89,7 +90,7 @@ std::string bytesOf(const std::filesystem::path& path) {
     return {std::istreambuf_iterator<char>(in), {}};
 }
 
-TEST(FrontEnd, OpensWithTheLayoutsClientAreaAndCaptions) {
+TEST(FrontEnd, OpensWithItsLayoutAndCaptionsSpinArrowsStepTheirFieldAndStartClicksTheWindowUnderThePoint) {
     Quorlin quorlin;
     ASSERT_TRUE(quorlin.main());
     ASSERT_EQ(GetDpiForWindow(quorlin.main()), 96u);
@@ -104,18 +105,13 @@ TEST(FrontEnd, OpensWithTheLayoutsClientAreaAndCaptions) {
         {Ctl::frmStayOnTop, L"Stay On Top"}, {Ctl::optTopMost, L"Top Most"}, {Ctl::lblX, L"X :"},
         {Ctl::frmWeb, L"Type "}, {Ctl::optLoop, L"Non-stop"}, {Ctl::chkText, L"and type text :"},
         {Ctl::chkRecImage, L""}, {Ctl::optImageNotInclude, L"Click if screen picture is Not : "},
-        {Ctl::cmdRemove, L"Remove from track list"}, {Ctl::cmdStop, L"Stop"},
+        {Ctl::cmdRemove, L"Remove from track list"}, {Ctl::cmdStop, L"Stop"}, {Ctl::txtSeconds, L"3"},
     };
     for (const auto& [id, caption] : captions) EXPECT_EQ(textOf(quorlin.control(id)), caption) << indexOf(id);
     EXPECT_EQ(textOf(quorlin.main()), L"Quorlin");
-    EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), L"3");
     EXPECT_FALSE(IsWindowVisible(quorlin.control(Ctl::txtComments)));
-}
 
-TEST(FrontEnd, SpinArrowsStepTheirFieldAndStartClicksTheWindowUnderThePoint) {
-    Quorlin quorlin;
     HWND spin = quorlin.control(Ctl::UpDown3);
-    HWND seconds = quorlin.control(Ctl::txtSeconds);
     const struct {
         int y;
         const wchar_t* after;
@@ -123,8 +119,8 @@ TEST(FrontEnd, SpinArrowsStepTheirFieldAndStartClicksTheWindowUnderThePoint) {
     for (const auto& press : presses) {
         PostMessageW(spin, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, press.y));
         PostMessageW(spin, WM_LBUTTONUP, 0, MAKELPARAM(8, press.y));
-        pumpMessages(5000, [&] { return textOf(seconds) == press.after; });
-        EXPECT_EQ(textOf(seconds), press.after);
+        pumpMessages(5000, [&] { return textOf(quorlin.control(Ctl::txtSeconds)) == press.after; });
+        EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), press.after);
     }
 
     RecordingWindow target({800, 500, 900, 580});
@@ -141,7 +137,7 @@ TEST(FrontEnd, SpinArrowsStepTheirFieldAndStartClicksTheWindowUnderThePoint) {
 
 // The project is saved, the list cleared, the file loaded and saved again.
 TEST(FrontEnd, AProjectLoadedThroughTheFileDialogSavesByteForByteAsBefore) {
-    const auto dir = std::filesystem::temp_directory_path() / ("quorlin-smoke-" + std::to_string(GetCurrentProcessId()));
+    const auto dir = std::filesystem::temp_directory_path() / ("quorlin-" + std::to_string(GetCurrentProcessId()));
     std::filesystem::create_directories(dir);
     Quorlin quorlin;
     for (const wchar_t* x : {L"12", L"56"}) {
@@ -151,19 +147,14 @@ TEST(FrontEnd, AProjectLoadedThroughTheFileDialogSavesByteForByteAsBefore) {
     }
     HWND grid = quorlin.control(Ctl::fgResult);
     auto rows = [&] { return SendMessageW(grid, LVM_GETITEMCOUNT, 0, 0); };
-    auto inDialog = [&](Ctl button, const char* name, const std::function<bool()>& done) {
-        quorlin.click(button);
-        quorlin.chooseFile((dir / name).wstring());
-        pumpMessages(5000, done);
-    };
+    auto saved = [&](const char* name) { return [&dir, name] { return std::filesystem::exists(dir / name); }; };
     pumpMessages(5000, [&] { return rows() == 2; });
-    inDialog(Ctl::cmdSave, "first.tpl", [&] { return std::filesystem::exists(dir / "first.tpl"); });
+    quorlin.chooseFile(Ctl::cmdSave, dir / "first.tpl", saved("first.tpl"));
     quorlin.click(Ctl::cmdClearTrackList);
     pumpMessages(5000, [&] { return rows() == 1; });
     ASSERT_EQ(rows(), 1);
-    inDialog(Ctl::cmdLoad, "first.tpl", [&] { return rows() == 2; });
-    EXPECT_EQ(rows(), 2);
-    inDialog(Ctl::cmdSave, "second.tpl", [&] { return std::filesystem::exists(dir / "second.tpl"); });
+    quorlin.chooseFile(Ctl::cmdLoad, dir / "first.tpl", [&] { return rows() == 2; });
+    quorlin.chooseFile(Ctl::cmdSave, dir / "second.tpl", saved("second.tpl"));
 
     const std::string first = bytesOf(dir / "first.tpl");
     EXPECT_NE(first.find("\r\n1\r\n12\r\n34\r\n"), std::string::npos) << "entry 1 at 12, 34";
@@ -178,9 +169,7 @@ TEST(FrontEnd, AProjectLoadedThroughTheFileDialogSavesByteForByteAsBefore) {
 int main(int argc, char** argv) {
     ::testing::InitGoogleTest(&argc, argv);
     if (argc < 2) return 2;
-    std::wstring path = quorlin::win32::wideFromAnsi(argv[1]);
-    for (wchar_t& c : path)
-        if (c == L'/') c = L'\\';
-    quorlin::testing::quorlinExe = path.starts_with(L"\\") ? L"Z:" + path : path;
+    const std::wstring path = quorlin::win32::wideFromAnsi(argv[1]);
+    quorlin::testing::quorlinExe = path.starts_with(L"/") ? L"Z:" + path : path;
     return RUN_ALL_TESTS();
 }

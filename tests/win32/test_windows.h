@@ -27,17 +27,26 @@ inline void pumpMessages(int milliseconds, const std::function<bool()>& done = [
 }
 
 // A real window on this thread that records the mouse and key messages it receives and
-// paints itself with the given colours.
+// paints itself pixel by pixel in the given colours.
 class RecordingWindow {
 public:
     using Painter = std::function<COLORREF(int x, int y)>;
 
     RecordingWindow(RECT r, HWND parent = nullptr, DWORD style = WS_POPUP, Painter painter = nullptr)
         : painter_(std::move(painter)) {
-        static const ATOM atom = registerClass();
+        static const ATOM atom = [] {
+            WNDCLASSEXW wc{};
+            wc.cbSize = sizeof wc;
+            wc.lpfnWndProc = &RecordingWindow::windowProc;
+            wc.hInstance = GetModuleHandleW(nullptr);
+            wc.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+            wc.lpszClassName = L"QuorlinTestRecordingWindow";
+            return RegisterClassExW(&wc);
+        }();
         hwnd_ = CreateWindowExW(0, MAKEINTATOM(atom), L"recording", (parent ? WS_CHILD : style) | WS_VISIBLE,
                                 r.left, r.top, r.right - r.left, r.bottom - r.top, parent, nullptr,
-                                GetModuleHandleW(nullptr), this);
+                                GetModuleHandleW(nullptr), nullptr);
+        SetWindowLongPtrW(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
         UpdateWindow(hwnd_);
         pumpMessages(50);
         received_.clear();
@@ -54,39 +63,20 @@ public:
     }
 
 private:
-    static ATOM registerClass() {
-        WNDCLASSEXW wc{};
-        wc.cbSize = sizeof wc;
-        wc.lpfnWndProc = &RecordingWindow::windowProc;
-        wc.hInstance = GetModuleHandleW(nullptr);
-        wc.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
-        wc.lpszClassName = L"QuorlinTestRecordingWindow";
-        return RegisterClassExW(&wc);
-    }
-
     static LRESULT CALLBACK windowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
-        if (message == WM_NCCREATE)
-            SetWindowLongPtrW(hwnd, GWLP_USERDATA,
-                              reinterpret_cast<LONG_PTR>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams));
         auto* self = reinterpret_cast<RecordingWindow*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
         const bool input = (message >= WM_LBUTTONDOWN && message <= WM_RBUTTONUP) ||
                            message == WM_KEYDOWN || message == WM_KEYUP || message == WM_CHAR;
         if (self && input) self->received_.push_back({message, wParam, lParam});
-        if (self && message == WM_PAINT && self->painter_) {
-            self->paint(hwnd);
-            return 0;
-        }
-        return DefWindowProcW(hwnd, message, wParam, lParam);
-    }
-
-    void paint(HWND hwnd) {
+        if (!self || message != WM_PAINT || !self->painter_) return DefWindowProcW(hwnd, message, wParam, lParam);
         PAINTSTRUCT ps;
         HDC dc = BeginPaint(hwnd, &ps);
         RECT client;
         GetClientRect(hwnd, &client);
         for (int y = 0; y < client.bottom; ++y)
-            for (int x = 0; x < client.right; ++x) SetPixel(dc, x, y, painter_(x, y));
+            for (int x = 0; x < client.right; ++x) SetPixel(dc, x, y, self->painter_(x, y));
         EndPaint(hwnd, &ps);
+        return 0;
     }
 
     Painter painter_;
