@@ -6,6 +6,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <mutex>
 #include <regex>
 #include <thread>
 
@@ -18,11 +19,14 @@ namespace {
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
-// Notes what reached the disk, and passes the work on.
+// Notes what reached the disk, and passes the work on; concurrent saves share it.
 struct CountingFiles : posix::PosixDurableFiles {
+    std::mutex mutex;
     std::vector<std::string> flushed;
     bool flushToDisk(const fs::path& path) override {
+        std::unique_lock lock(mutex);
         flushed.push_back(path.filename().string());
+        lock.unlock();
         return PosixDurableFiles::flushToDisk(path);
     }
 };

@@ -34,15 +34,13 @@ struct UiWindow {
     FakeScreen screen;
     FakeDialogs dialogs;
     ScriptedRandom random;
-    FrmMain* frmPointer = nullptr;
-    qt::QtTimers timers{[this](TimerId id) { frmPointer->timerTick(id); }};
+    qt::QtTimers timers{[this](TimerId id) { frm.timerTick(id); }};
     qt::QtEventPump pump;
     FrmMain frm{Ports{desktop, screen, timers, pump, dialogs, random}};
     qt::MainWindow window;
     QTableWidget* table = window.grid();
 
     explicit UiWindow(std::optional<double> dpi = std::nullopt) : window(frm, dpi) {
-        frmPointer = &frm;
         frm.Form_Load(7);
         window.show();
     }
@@ -80,8 +78,6 @@ TEST(MainWindowUi, ComesUpWithItsDefaultsAndEveryControlIsNamedAndReachedByTheKe
     EXPECT_EQ(ui.window.windowTitle(), "Quorlin");
     EXPECT_TRUE(ui.window.windowIcon().availableSizes().contains(QSize(32, 32)));
     EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtSeconds)->text(), "3");
-    EXPECT_TRUE(ui.get<QRadioButton>(Ctl::optWeb)->isChecked());
-    EXPECT_FALSE(ui.get<QLineEdit>(Ctl::txtFromSec)->isEnabled());
     EXPECT_EQ(ui.table->rowCount(), 1) << "the blank row below the fixed header";
     for (const ControlLayout& layout : windowLayout())
         EXPECT_FALSE(ui.window.widgetFor(layout.id)->accessibleName().isEmpty()) << layout.name;
@@ -188,8 +184,7 @@ TEST(MainWindowUi, AnErasedPictureBoxStaysBlankUntilTheWindowIsExposed) {
     EXPECT_EQ(shown(0), QColor(255, 0, 0));
     EXPECT_EQ(shown(1), QColor(0, 0, 255));
 
-    ui.typeInto({{Ctl::txtX, "1"}, {Ctl::txtY, "1"}});
-    ui.click(Ctl::cmdAddtoList);
+    ui.add(1);
     ui.frm.fgResult_Click(1, 1);
     EXPECT_EQ(shown(0), blank) << "a row without an image erases the box";
     box->repaint();
