@@ -242,8 +242,7 @@ TEST(TrackGridUi, ThirtyEntriesShowTheirTextsAndToolTipsUnderTheHeaderAlsoAfterA
     ui.add(30);
     ui.table->scrollToBottom();
     EXPECT_GT(ui.table->verticalScrollBar()->value(), 0);
-    const auto path = std::filesystem::temp_directory_path() / "quorlin-ui-grid.tpl";
-    for (const char* when : {"added", "loaded"}) {
+    auto expectThirtyUnderTheHeader = [&](const char* when) {
         SCOPED_TRACE(when);
         EXPECT_EQ(ui.table->rowCount(), 30);
         EXPECT_EQ(ui.table->item(29, colType)->toolTip(), "RightClick");
@@ -255,12 +254,15 @@ TEST(TrackGridUi, ThirtyEntriesShowTheirTextsAndToolTipsUnderTheHeaderAlsoAfterA
         EXPECT_LT(header->geometry().bottom(), ui.table->viewport()->geometry().top());
         EXPECT_EQ(header->sectionViewportPosition(0), 0) << "\"#\" is shown from the left edge";
         EXPECT_EQ(ui.table->horizontalHeaderItem(0)->text(), "#");
-        ui.dialogs.answers.push(path.string());
-        ui.frm.cmdSave_Click();
-        ui.dialogs.answers.push(path.string());
-        ui.click(Ctl::cmdLoad);
-    }
+    };
+    expectThirtyUnderTheHeader("added");
+    const auto path = std::filesystem::temp_directory_path() / "quorlin-ui-grid.tpl";
+    ui.dialogs.answers.push(path.string());
+    ui.frm.cmdSave_Click();
+    ui.dialogs.answers.push(path.string());
+    ui.click(Ctl::cmdLoad);
     std::filesystem::remove(path);
+    expectThirtyUnderTheHeader("loaded");
 }
 
 struct Caption {

@@ -43,7 +43,7 @@ struct TickLog {
 };
 
 // Late ticks would add up to a run 15 % slower. A busy machine makes a tick miss its
-// deadline now and then, so the best of five runs counts.
+// deadline now and then, so the best of up to eight runs counts.
 TEST(QtTimers, TwoHundredTicksAtOneMillisecondTakeTwoHundredMilliseconds) {
     double best = 1e9;
     for (int attempt = 0; attempt < 8 && best > 202; ++attempt) {
