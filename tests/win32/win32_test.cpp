@@ -260,8 +260,8 @@ public:
     Quorlin() {
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
-        std::wstring line = L"\"" + quorlinExe + L"\"";
-        if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process_))
+        if (!CreateProcessW(quorlinExe.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                            &process_))
             throw std::runtime_error("quorlin.exe does not start");
         main_ = waitForWindow(L"Quorlin", nullptr);
     }
