@@ -7,8 +7,6 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-namespace {
-
 // The fuzzer's seeds and finds, replayed in every test run.
 TEST(ProjectReaderCorpus, EveryKeptInputLoadsWithoutHarm) {
     int replayed = 0;
@@ -21,5 +19,3 @@ TEST(ProjectReaderCorpus, EveryKeptInputLoadsWithoutHarm) {
     }
     EXPECT_GT(replayed, 5);
 }
-
-}  // namespace

@@ -17,14 +17,11 @@ using quorlin::Ctl;
 using quorlin::testing::TestWindow;
 namespace fs = std::filesystem;
 
-// "Load project" or "Save project" with the file chosen in its dialog.
-void press(TestWindow& w, Ctl button, const fs::path& file) {
+// Loads the file through its dialog, then tries each row as the user would: a click on
+// the row, then one manual step of it.
+void loadAndTryEveryRow(TestWindow& w, const fs::path& file) {
     w.dialogs.answers.push(file.string());
-    w.frm.buttonClicked(button);
-}
-
-// Each row as the user would try it: a click on the row, then one manual step of it.
-void tryEveryRow(TestWindow& w) {
+    w.frm.buttonClicked(Ctl::cmdLoad);
     w.frm.selectOption(Ctl::optManual);
     for (int r = 1; r < w.model().fgResult.rowCount(); ++r) {
         w.frm.fgResult_Click(r, 0);
@@ -47,14 +44,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     TestWindow w;
     w.screen.pixelAt = [](int x, int y) { return (x * 31 + y) & 0xFFFFFF; };
-    press(w, Ctl::cmdLoad, input);
-    tryEveryRow(w);
+    loadAndTryEveryRow(w, input);
     w.frm.cmdGetPic_Click();
     w.frm.Form_Paint();
-    press(w, Ctl::cmdSave, saved);
+    w.dialogs.answers.push(saved.string());
+    w.frm.buttonClicked(Ctl::cmdSave);
 
     TestWindow again;
-    press(again, Ctl::cmdLoad, saved);
-    tryEveryRow(again);
+    loadAndTryEveryRow(again, saved);
     return 0;
 }

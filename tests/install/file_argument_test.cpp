@@ -2,6 +2,7 @@
 // shows in the window, and the window carries the class its desktop entry names.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -11,40 +12,29 @@
 #include "x11/x11_connection.h"
 #include "x11/x11_screen_reader.h"
 
-// After gtest: Xlib defines macros such as None and Bool.
-#include <X11/Xutil.h>
-
 namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
-// 0x00BBGGRR of RGB (0x12, 0x34, 0x56): a colour nothing else on the test screen has.
-constexpr quorlin::Colour kPictureColour = 0x563412;
-constexpr int kPictureSide = 16;
-
-// A project with a 16 x 16 reference picture of one colour and no track list.
+// A project with no track list and a 16 x 16 reference picture of RGB (0x12, 0x34, 0x56),
+// a colour nothing else on the test screen has.
 std::string projectWithPicture() {
     std::string file = "True\r\nFalse\r\n0\r\n0\r\n15\r\n15\r\n1\r\n15\r\n15\r\n";
-    for (int i = 0; i < kPictureSide * kPictureSide; ++i) file += "5649426\r\n";
+    for (int i = 0; i < 16 * 16; ++i) file += "5649426\r\n";
     for (const char* line : {"False", "True", "False", "0", "", "True", "False", "False", "True", "1", "True", "False",
                              "True", "False", "False", "5", "200", "150", "0", "3", "0", "1", "5"})
         file += std::string(line) + "\r\n";
     return file;
 }
 
-// Whether a whole row of the picture's side lies on screen in its colour.
+// Whether a whole row of the picture lies on screen in its colour, as 0x00BBGGRR.
 bool pictureOnScreen(quorlin::x11::X11Connection& x) {
     const int width = DisplayWidth(x.display(), DefaultScreen(x.display()));
     const int height = DisplayHeight(x.display(), DefaultScreen(x.display()));
     std::vector<quorlin::Colour> pixels(static_cast<std::size_t>(width) * height);
     quorlin::x11::X11ScreenReader(x).readRect({0, 0, width - 1, height - 1}, pixels);
-    int run = 0;
-    for (quorlin::Colour c : pixels) {
-        run = c == kPictureColour ? run + 1 : 0;
-        if (run == kPictureSide) return true;
-    }
-    return false;
+    return std::search_n(pixels.begin(), pixels.end(), 16, 0x563412) != pixels.end();
 }
 
 bool topLevelOfClass(quorlin::x11::X11Connection& x, const std::string& name, const std::string& className) {

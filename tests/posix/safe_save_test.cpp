@@ -6,6 +6,7 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
+#include <mutex>
 #include <regex>
 #include <thread>
 
@@ -16,12 +17,16 @@ namespace quorlin::testing {
 namespace {
 
 namespace fs = std::filesystem;
+using Names = std::vector<std::string>;
 
-// Notes what reached the disk, and passes the work on.
+// Notes what reached the disk, and passes the work on; concurrent saves share it.
 struct CountingFiles : posix::PosixDurableFiles {
+    std::mutex mutex;
     std::vector<std::string> flushed;
     bool flushToDisk(const fs::path& path) override {
+        std::unique_lock lock(mutex);
         flushed.push_back(path.filename().string());
+        lock.unlock();
         return PosixDurableFiles::flushToDisk(path);
     }
 };
@@ -45,8 +50,8 @@ protected:
     bool save(const std::string& text, const fs::path& to) {
         return writeFileAtomically(to, [&](std::ostream& out) { return static_cast<bool>(out << text); }, &files);
     }
-    std::vector<std::string> names() {
-        std::vector<std::string> all;
+    Names names() {
+        Names all;
         for (const auto& entry : fs::directory_iterator(dir)) all.push_back(entry.path().filename().string());
         std::sort(all.begin(), all.end());
         return all;
@@ -60,9 +65,7 @@ TEST_F(SafeSave, WritesTheLinkedFileKeepsOtherNamesModeAndOwnerAndReachesTheDisk
     fs::create_hard_link(file, dir / "other.tpl");
     EXPECT_TRUE(save("new", dir / "link.tpl"));
     EXPECT_TRUE(fs::is_symlink(dir / "link.tpl"));
-    EXPECT_EQ(read(file), "new");
-    EXPECT_EQ(read(dir / "other.tpl"), "new") << "a hard-linked file is not split";
-    EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_EQ(read(dir / "other.tpl"), "new") << "the linked file is written, and not split from its other name";
     ASSERT_GE(files.flushed.size(), 2u);
     EXPECT_TRUE(std::regex_match(files.flushed.front(), std::regex(R"(\.setup\.tpl\.[0-9a-f]{16}\.saving)")))
         << files.flushed.front();
@@ -74,11 +77,17 @@ TEST_F(SafeSave, WritesTheLinkedFileKeepsOtherNamesModeAndOwnerAndReachesTheDisk
     ::stat(file.c_str(), &status);
     EXPECT_EQ(status.st_uid, ::geteuid() == 0 ? 65534u : ::geteuid()) << "the owner is kept where the user may";
     EXPECT_EQ(fs::status(file).permissions(), fs::perms::owner_read | fs::perms::owner_write);
-    EXPECT_EQ(names(), (std::vector<std::string>{"link.tpl", "setup.tpl"}));
+    EXPECT_EQ(names(), (Names{"link.tpl", "setup.tpl"}));
 }
 
-TEST_F(SafeSave, LeavesReadOnlyFilesAndFailedSavesAsTheyWereWithNoTemporary) {
+// A stale temporary is one of a save cut off long ago; a fresh one may be another save's.
+TEST_F(SafeSave, LeavesReadOnlyFilesFailedSavesAndTheUsersFilesAsTheyWereAndClearsOnlyStaleTemporaries) {
     put(file, "former");
+    put(dir / "setup.tpl.saving", "the user's own");
+    put(dir / ".setup.tpl.0123456789abcdef.saving", "cut off long ago");
+    put(dir / ".setup.tpl.fedcba9876543210.saving", "another save in progress");
+    fs::last_write_time(dir / ".setup.tpl.0123456789abcdef.saving",
+                        fs::file_time_type::clock::now() - std::chrono::hours(2));
     fs::permissions(file, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
     EXPECT_FALSE(save("new", file));
     EXPECT_EQ(read(file), "former");
@@ -87,17 +96,8 @@ TEST_F(SafeSave, LeavesReadOnlyFilesAndFailedSavesAsTheyWereWithNoTemporary) {
     EXPECT_FALSE(writeFileAtomically(file, [](std::ostream& out) { return !(out << "half a file"); }, &files));
     EXPECT_EQ(read(file), "former");
     EXPECT_FALSE(save("x", dir / "no-such-folder" / "x.tpl"));
-    EXPECT_EQ(names(), (std::vector<std::string>{"setup.tpl"}));
-}
-
-TEST_F(SafeSave, NeverTouchesTheUsersOwnFilesAndClearsOnlyStaleTemporaries) {
-    put(dir / "setup.tpl.saving", "the user's own");
-    put(dir / ".setup.tpl.0123456789abcdef.saving", "cut off long ago");
-    put(dir / ".setup.tpl.fedcba9876543210.saving", "another save in progress");
-    fs::last_write_time(dir / ".setup.tpl.0123456789abcdef.saving",
-                        fs::file_time_type::clock::now() - std::chrono::hours(2));
     EXPECT_TRUE(save("new", file));
-    EXPECT_EQ(names(), (std::vector<std::string>{".setup.tpl.fedcba9876543210.saving", "setup.tpl", "setup.tpl.saving"}));
+    EXPECT_EQ(names(), (Names{".setup.tpl.fedcba9876543210.saving", "setup.tpl", "setup.tpl.saving"}));
     EXPECT_EQ(read(dir / "setup.tpl.saving"), "the user's own");
 }
 
@@ -110,7 +110,7 @@ TEST_F(SafeSave, ConcurrentSavesLeaveOneWholeProject) {
         const std::string result = read(file);
         EXPECT_TRUE(result == first || result == second) << "round " << round;
     }
-    EXPECT_EQ(names(), (std::vector<std::string>{"setup.tpl"}));
+    EXPECT_EQ(names(), (Names{"setup.tpl"}));
 }
 
 // Saved by a user who may write the file but create nothing beside it.
@@ -128,7 +128,7 @@ TEST_F(SafeSave, AFileInAFolderThatTakesNoNewFileIsWrittenInPlace) {
     ::waitpid(child, &status, 0);
     EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
     EXPECT_EQ(read(file), "new");
-    EXPECT_EQ(names(), (std::vector<std::string>{"setup.tpl"}));
+    EXPECT_EQ(names(), (Names{"setup.tpl"}));
 }
 
 }  // namespace

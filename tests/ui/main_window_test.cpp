@@ -1,36 +1,117 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QElapsedTimer>
 #include <QExposeEvent>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
+#include <QStyleOptionButton>
+#include <QTest>
 #include <QTimer>
 #include <QToolButton>
+#include <filesystem>
+#include <optional>
 
-#include "ui_window.h"
+#include "control_widgets.h"
+#include "main_window.h"
+#include "qt_ports.h"
+#include "support/fake_platform.h"
+#include "track_grid_view.h"
 
 namespace quorlin::testing {
 namespace {
 
-// Shown and hidden controls are left to the help test, which switches them.
-TEST(MainWindowUi, ComesUpWithTheDefaultsItsIconAndANameForEveryControl) {
+// The real window, Qt timers and event pump over the in-memory desktop.
+struct UiWindow {
+    FakeDesktop desktop;
+    FakeScreen screen;
+    FakeDialogs dialogs;
+    ScriptedRandom random;
+    qt::QtTimers timers{[this](TimerId id) { frm.timerTick(id); }};
+    qt::QtEventPump pump;
+    FrmMain frm{Ports{desktop, screen, timers, pump, dialogs, random}};
+    qt::MainWindow window;
+    QTableWidget* table = window.grid();
+
+    explicit UiWindow(std::optional<double> dpi = std::nullopt) : window(frm, dpi) {
+        frm.Form_Load(7);
+        window.show();
+    }
+    template <typename W>
+    W* get(Ctl id) {
+        return qobject_cast<W*>(window.widgetFor(id));
+    }
+    void click(Ctl id) { QTest::mouseClick(window.widgetFor(id), Qt::LeftButton, {}, QPoint(5, 5)); }
+    void typeInto(std::initializer_list<std::pair<Ctl, const char*>> fields) {
+        for (auto [id, text] : fields) {
+            auto* edit = get<QLineEdit>(id);
+            edit->selectAll();
+            QTest::keyClicks(edit, text);
+        }
+    }
+    // Entries whose X cells read "1", "2", ...
+    void add(int entries) {
+        for (int i = 1; i <= entries; ++i) {
+            frm.setText(Ctl::txtX, std::to_string(i));
+            frm.setText(Ctl::txtY, "5");
+            frm.cmdAddtoList_Click();
+        }
+    }
+    QPoint centreOf(int entryRow) { return table->visualRect(table->model()->index(entryRow - 1, 2)).center(); }
+    // The row the user sees highlighted, in the grid's numbering.
+    int highlighted() {
+        const auto rows = table->selectionModel()->selectedRows();
+        return rows.size() == 1 ? rows.front().row() + 1 : 0;
+    }
+};
+
+// Shown and hidden controls are switched by the help button.
+TEST(MainWindowUi, ComesUpWithItsDefaultsAndEveryControlIsNamedAndReachedByTheKeyboard) {
     UiWindow ui;
     EXPECT_EQ(ui.window.windowTitle(), "Quorlin");
     EXPECT_TRUE(ui.window.windowIcon().availableSizes().contains(QSize(32, 32)));
     EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtSeconds)->text(), "3");
-    EXPECT_TRUE(ui.get<QRadioButton>(Ctl::optWeb)->isChecked());
-    EXPECT_FALSE(ui.get<QLineEdit>(Ctl::txtFromSec)->isEnabled());
-    EXPECT_EQ(ui.window.grid()->rowCount(), 1) << "the blank row below the fixed header";
+    EXPECT_EQ(ui.table->rowCount(), 1) << "the blank row below the fixed header";
     for (const ControlLayout& layout : windowLayout())
         EXPECT_FALSE(ui.window.widgetFor(layout.id)->accessibleName().isEmpty()) << layout.name;
     EXPECT_EQ(ui.window.widgetFor(Ctl::optImageNotInclude)->accessibleName(), "Click if screen picture is Not :");
-    EXPECT_EQ(ui.window.widgetFor(Ctl::cmdRemove)->accessibleName(), "Remove from track list");
-
     ui.frm.setText(Ctl::txtX, std::string(40000, '7'));
     EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtX)->text().size(), 40000) << "one-line fields take any length";
+
+    ui.window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&ui.window));
+    EXPECT_EQ(QApplication::focusWidget(), ui.window.widgetFor(Ctl::txtX));
+    for (Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
+        const bool shown = ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible();
+        ui.window.widgetFor(Ctl::cmdHelp)->setFocus();
+        QTest::keyClick(ui.window.widgetFor(Ctl::cmdHelp), enter);
+        EXPECT_NE(ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible(), shown) << enter;
+    }
+    EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtComm2)->toPlainText().endsWith("Maximum row count is 30.\n"));
+
+    QMenu* about = ui.window.findChild<QMenu*>("mnuAbout");
+    QTest::keyClick(&ui.window, Qt::Key_F10);
+    EXPECT_TRUE(about->isVisible());
+    about->close();
+
+    // Once round the tab order: no stop is a bare arrow button.
+    QWidget* start = ui.window.widgetFor(Ctl::txtX);
+    QWidget* stop = start;
+    int stops = 0;
+    do {
+        stop = stop->nextInFocusChain();
+        if (!(stop->focusPolicy() & Qt::TabFocus) || !stop->isVisible() || !stop->isEnabled()) continue;
+        ++stops;
+        EXPECT_EQ(qobject_cast<QToolButton*>(stop), nullptr) << stop->accessibleName().toStdString();
+    } while (stop != start);
+    EXPECT_GT(stops, 20);
 }
 
 TEST(QtDialogsUi, TheProjectDialogsOfferTheirFilterOnce) {
@@ -61,7 +142,6 @@ TEST(MainWindowUi, OptionsSwitchTheirFieldsThroughTheCore) {
     EXPECT_EQ(ui.frm.model().step.ClickKind, "RightClick");
 
     ui.click(Ctl::chkText);
-    EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtText)->isEnabled());
     QTest::keyClicks(ui.get<QPlainTextEdit>(Ctl::txtText), "a\rb");
     EXPECT_EQ(ui.frm.model().step.sTypeText, "a\r\nb");
     ui.click(Ctl::chkText);
@@ -78,7 +158,6 @@ TEST(MainWindowUi, ClosingTheWindowEndsATrackListRunWaitingInsideStart) {
     clock.start();
     ui.click(Ctl::cmdStart);  // returns only when the run has ended
     EXPECT_LT(clock.elapsed(), 5000);
-    EXPECT_TRUE(ui.frm.model().closing);
     EXPECT_FALSE(ui.window.isVisible());
 }
 
@@ -102,8 +181,7 @@ TEST(MainWindowUi, AnErasedPictureBoxStaysBlankUntilTheWindowIsExposed) {
     EXPECT_EQ(shown(0), QColor(255, 0, 0));
     EXPECT_EQ(shown(1), QColor(0, 0, 255));
 
-    ui.typeInto({{Ctl::txtX, "1"}, {Ctl::txtY, "1"}});
-    ui.click(Ctl::cmdAddtoList);
+    ui.add(1);
     ui.frm.fgResult_Click(1, 1);
     EXPECT_EQ(shown(0), blank) << "a row without an image erases the box";
     box->repaint();
@@ -112,39 +190,149 @@ TEST(MainWindowUi, AnErasedPictureBoxStaysBlankUntilTheWindowIsExposed) {
     EXPECT_EQ(shown(0), QColor(255, 0, 0));
 }
 
-TEST(MainWindowUi, TheKeyboardReachesEverythingAndHelpShowsBothTexts) {
+TEST(TrackGridUi, TheHighlightedRowIsTheCurrentRowAndOnlyAClickLoadsIt) {
     UiWindow ui;
-    ui.window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&ui.window));
-    EXPECT_EQ(QApplication::focusWidget(), ui.window.widgetFor(Ctl::txtX));
+    ui.add(4);
+    QTest::mouseClick(ui.table->viewport(), Qt::LeftButton, {}, ui.centreOf(2));
+    EXPECT_EQ(ui.frm.form().text(Ctl::txtX), "2") << "a click loads its row";
+    ui.table->setFocus();
 
-    for (Qt::Key enter : {Qt::Key_Return, Qt::Key_Enter}) {
-        const bool shown = ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible();
-        ui.window.widgetFor(Ctl::cmdHelp)->setFocus();
-        QTest::keyClick(ui.window.widgetFor(Ctl::cmdHelp), enter);
-        EXPECT_NE(ui.get<QPlainTextEdit>(Ctl::txtComments)->isVisible(), shown) << enter;
-        EXPECT_NE(ui.get<QPlainTextEdit>(Ctl::txtComm2)->isVisible(), shown) << enter;
+    struct Move {
+        const char* how;
+        std::function<void()> act;
+        int row;
+    };
+    const Move moves[] = {
+        {"Down", [&] { QTest::keyClick(ui.table, Qt::Key_Down); }, 3},
+        {"Ctrl+Home", [&] { QTest::keyClick(ui.table, Qt::Key_Home, Qt::ControlModifier); }, 1},
+        {"a drag from 1 to 2", [&] {
+             QTest::mousePress(ui.table->viewport(), Qt::LeftButton, {}, ui.centreOf(1));
+             QTest::mouseMove(ui.table->viewport(), ui.centreOf(2));
+             QTest::mouseRelease(ui.table->viewport(), Qt::LeftButton, {}, ui.centreOf(2));
+         }, 2},
+    };
+    for (const Move& move : moves) {
+        move.act();
+        EXPECT_EQ(ui.frm.model().fgResult.row(), move.row) << move.how;
+        EXPECT_EQ(ui.highlighted(), move.row) << move.how;
+        EXPECT_EQ(ui.frm.form().text(Ctl::txtX), "2") << move.how << " loads nothing";
     }
-    EXPECT_TRUE(ui.get<QPlainTextEdit>(Ctl::txtComm2)->toPlainText().endsWith("Maximum row count is 30.\n"));
 
-    QMenu* about = ui.window.findChild<QMenu*>("mnuAbout");
-    QTest::keyClick(&ui.window, Qt::Key_F10);
-    EXPECT_TRUE(about->isVisible());
-    about->close();
+    QTest::keyClick(ui.table, Qt::Key_End, Qt::ControlModifier);
+    ui.click(Ctl::cmdRemove);
+    EXPECT_EQ(ui.table->rowCount(), 3) << "the highlighted entry 4 is the one removed";
+    EXPECT_EQ(ui.table->item(2, colX)->text(), "3");
+    EXPECT_EQ(ui.highlighted(), 3) << "the last row is current after removing";
 
-    // Once round the tab order: every stop has a name, and no stop is a bare arrow button.
-    QWidget* start = ui.window.widgetFor(Ctl::txtX);
-    QWidget* stop = start;
-    int stops = 0;
-    do {
-        stop = stop->nextInFocusChain();
-        if (!(stop->focusPolicy() & Qt::TabFocus) || !stop->isVisible() || !stop->isEnabled()) continue;
-        ++stops;
-        EXPECT_FALSE(stop->accessibleName().isEmpty()) << stop->metaObject()->className();
-        EXPECT_EQ(qobject_cast<QToolButton*>(stop), nullptr) << stop->accessibleName().toStdString();
-    } while (stop != start);
-    EXPECT_GT(stops, 20);
+    ui.click(Ctl::cmdClearTrackList);
+    EXPECT_EQ(ui.highlighted(), 0) << "no row is highlighted while no entry is selected";
+    EXPECT_EQ(ui.table->currentRow(), -1);
 }
+
+// Every cell's whole text is also its tool tip, and the header row is the first thing in
+// the grid's box however its rows are scrolled; once added and once loaded.
+TEST(TrackGridUi, ThirtyEntriesShowTheirTextsAndToolTipsUnderTheHeaderAlsoAfterALoad) {
+    UiWindow ui;
+    ui.click(Ctl::optRightClick);
+    ui.click(Ctl::chkText);
+    QTest::keyClicks(ui.window.widgetFor(Ctl::txtText), "a long text to type");
+    ui.add(30);
+    ui.table->scrollToBottom();
+    EXPECT_GT(ui.table->verticalScrollBar()->value(), 0);
+    auto expectThirtyUnderTheHeader = [&](const char* when) {
+        SCOPED_TRACE(when);
+        EXPECT_EQ(ui.table->rowCount(), 30);
+        EXPECT_EQ(ui.table->item(29, colType)->toolTip(), "RightClick");
+        EXPECT_EQ(ui.table->item(29, colText)->text(), "a long text to type");
+        EXPECT_EQ(ui.table->item(29, colText)->toolTip(), "a long text to type");
+        EXPECT_EQ(ui.table->horizontalHeaderItem(colImage)->toolTip(), "Image");
+        QHeaderView* header = ui.table->horizontalHeader();
+        EXPECT_TRUE(header->isVisible());
+        EXPECT_LT(header->geometry().bottom(), ui.table->viewport()->geometry().top());
+        EXPECT_EQ(header->sectionViewportPosition(0), 0) << "\"#\" is shown from the left edge";
+        EXPECT_EQ(ui.table->horizontalHeaderItem(0)->text(), "#");
+    };
+    expectThirtyUnderTheHeader("added");
+    const auto path = std::filesystem::temp_directory_path() / "quorlin-ui-grid.tpl";
+    ui.dialogs.answers.push(path.string());
+    ui.frm.cmdSave_Click();
+    ui.dialogs.answers.push(path.string());
+    ui.click(Ctl::cmdLoad);
+    std::filesystem::remove(path);
+    expectThirtyUnderTheHeader("loaded");
+}
+
+struct Caption {
+    QRect text;  // where the style writes it, in the control's coordinates
+    QRect room;  // what the control shows of it
+};
+
+Caption captionOf(QWidget* control) {
+    if (auto* frame = dynamic_cast<qt::ClassicFrame*>(control))
+        return {QRect(frame->titleRect().topLeft(), frame->fontMetrics().size(0, frame->title())), frame->rect()};
+    auto* button = qobject_cast<QAbstractButton*>(control);
+    auto* label = qobject_cast<QLabel*>(control);
+    QRect room = control->contentsRect();
+    Qt::Alignment alignment = label ? label->alignment() : Qt::AlignLeft | Qt::AlignVCenter;
+    if (button) {
+        QStyleOptionButton option;
+        option.initFrom(button);
+        option.rect = button->rect();
+        const auto contents = qobject_cast<QRadioButton*>(button) ? QStyle::SE_RadioButtonContents
+                              : qobject_cast<QCheckBox*>(button) ? QStyle::SE_CheckBoxContents
+                                                                 : QStyle::SE_PushButtonContents;
+        room = button->style()->subElementRect(contents, &option, button);
+        if (qobject_cast<QPushButton*>(button)) alignment = Qt::AlignCenter;
+    }
+    const QString text = button ? button->text() : label->text();
+    const QRect written = control->style()->itemTextRect(control->fontMetrics(), room, int(alignment), true, text);
+    return {written, room};
+}
+
+// Later siblings are drawn over a control.
+bool coveredBySibling(QWidget* control, QRect textInParent) {
+    const auto siblings = control->parentWidget()->children();
+    for (auto i = siblings.indexOf(control) + 1; i < siblings.size(); ++i) {
+        auto* sibling = qobject_cast<QWidget*>(siblings[i]);
+        if (sibling && sibling->isVisible() && sibling->geometry().intersects(textInParent)) return true;
+    }
+    return false;
+}
+
+class WindowAtDpi : public ::testing::TestWithParam<double> {};
+
+TEST_P(WindowAtDpi, TheWholeWindowScalesWithTheDensityAndShowsEveryCaptionWhole) {
+    const double dpi = GetParam();
+    UiWindow ui(dpi);
+    auto px = [dpi](int twips) { return qRound(twips * dpi / 1440); };
+    auto rect = [&](int left, int top, int width, int height) {
+        return QRect(QPoint(px(left), px(top)), QPoint(px(left + width) - 1, px(top + height) - 1));
+    };
+    EXPECT_EQ(ui.window.centralWidget()->size(), QSize(px(6825), px(9345)));
+    EXPECT_EQ(ui.window.widgetFor(Ctl::cmdStart)->geometry(), rect(120, 8745, 1500, 405));
+    EXPECT_EQ(ui.table->columnWidth(0), px(400));
+    EXPECT_EQ(ui.table->columnWidth(8), px(900));
+    EXPECT_NEAR(ui.window.widgetFor(Ctl::txtX)->font().pixelSize(), 8.25 * dpi / 72, 0.5);
+    const QSize box = ui.window.widgetFor(Ctl::picScreen)->size();
+    EXPECT_EQ(box, rect(470, 1000, 2750, 880).size());
+    EXPECT_EQ(QSize(ui.frm.model().pictureBox.width(), ui.frm.model().pictureBox.height()), box)
+        << "one picture pixel per screen pixel, as far as the box reaches";
+
+    for (const ControlLayout& layout : windowLayout()) {
+        if (!*layout.caption) continue;
+        QWidget* control = ui.window.widgetFor(layout.id);
+        const Caption caption = captionOf(control);
+        const QString shown = QString(layout.caption).replace(' ', "").remove('\n');
+        const QString written = control->property(control->inherits("QGroupBox") ? "title" : "text").toString();
+        EXPECT_EQ(written.simplified().remove(' '), shown) << layout.name << ": every word is written";
+        EXPECT_TRUE(caption.room.contains(caption.text) && control->rect().contains(caption.text))
+            << layout.name << " at " << dpi << " DPI: text " << caption.text.width() << "x"
+            << caption.text.height() << " in " << caption.room.width() << "x" << caption.room.height();
+        EXPECT_FALSE(coveredBySibling(control, caption.text.translated(control->pos()))) << layout.name;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Dpi, WindowAtDpi, ::testing::Values(96.0, 120.0, 144.0, 192.0));
 
 }  // namespace
 }  // namespace quorlin::testing

@@ -16,18 +16,17 @@ using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 // The armed timer's ticks in ms after it was armed, until `count` have come or a second has
-// passed. The loop sleeps between events, as the program's does: a loop that polls
-// would be preempted on a busy machine and see ticks late.
+// passed; every tick must be the armed timer's. The loop sleeps between events, as the
+// program's does: a loop that polls would be preempted on a busy machine and see ticks late.
 struct TickLog {
     std::vector<double> at;
-    std::vector<TimerId> ids;
     TimerId armed = TimerId::tmrCount;
     std::function<void(std::size_t)> onTick = [](std::size_t) {};
     Clock::time_point start;
     std::size_t wanted = 0;
     QEventLoop loop;
     qt::QtTimers timers{[this](TimerId id) {
-        ids.push_back(id);
+        EXPECT_EQ(id, armed);
         at.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
         onTick(at.size());
         if (at.size() == wanted) loop.quit();
@@ -44,7 +43,7 @@ struct TickLog {
 };
 
 // Late ticks would add up to a run 15 % slower. A busy machine makes a tick miss its
-// deadline now and then, so the best of five runs counts.
+// deadline now and then, so the best of up to eight runs counts.
 TEST(QtTimers, TwoHundredTicksAtOneMillisecondTakeTwoHundredMilliseconds) {
     double best = 1e9;
     for (int attempt = 0; attempt < 8 && best > 202; ++attempt) {
@@ -62,7 +61,7 @@ TEST(QtTimers, EachTimerTicksAsItself) {
         TickLog log;
         log.armed = id;
         log.run(5, 2);
-        EXPECT_EQ(log.ids, std::vector<TimerId>(2, id));
+        EXPECT_EQ(log.at.size(), 2u);
     }
 }
 

@@ -1,0 +1,397 @@
+// The Windows platform and front end, run under Wine: desktop operations, screen reads and
+// saves as the platform does them, and quorlin.exe driven through its windows.
+#include <gtest/gtest.h>
+
+#include <windows.h>
+#include <aclapi.h>
+#include <commctrl.h>
+#include <dlgs.h>
+#include <sddl.h>
+
+#include <chrono>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "control_ids.h"
+#include "project/atomic_file.h"
+#include "win32/win32_desktop.h"
+#include "win32/win32_durable_files.h"
+#include "win32/win32_screen_reader.h"
+#include "win32/win32_text.h"
+
+namespace quorlin::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using win32::Win32Desktop;
+using Received = std::tuple<UINT, WPARAM, LPARAM>;
+
+std::string bytesOf(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// Dispatches this thread's messages for a while, without translating keys: a window
+// sees exactly the messages that were posted to it.
+void pumpMessages(int milliseconds, const std::function<bool()>& done = [] { return false; }) {
+    const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    while (!done() && std::chrono::steady_clock::now() < until) {
+        MSG msg;
+        while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&msg);
+        if (!done()) MsgWaitForMultipleObjectsEx(0, nullptr, 5, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    }
+}
+
+// A real window on this thread that records the mouse and key messages it receives and
+// paints itself pixel by pixel in the given colours.
+class RecordingWindow {
+public:
+    using Painter = std::function<COLORREF(int x, int y)>;
+
+    RecordingWindow(RECT r, HWND parent = nullptr, DWORD style = WS_POPUP, Painter painter = nullptr)
+        : painter_(std::move(painter)) {
+        static const ATOM atom = [] {
+            WNDCLASSEXW wc{};
+            wc.cbSize = sizeof wc;
+            wc.lpfnWndProc = &RecordingWindow::windowProc;
+            wc.hInstance = GetModuleHandleW(nullptr);
+            wc.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+            wc.lpszClassName = L"QuorlinTestRecordingWindow";
+            return RegisterClassExW(&wc);
+        }();
+        hwnd_ = CreateWindowExW(0, MAKEINTATOM(atom), L"recording", (parent ? WS_CHILD : style) | WS_VISIBLE,
+                                r.left, r.top, r.right - r.left, r.bottom - r.top, parent, nullptr,
+                                GetModuleHandleW(nullptr), nullptr);
+        SetWindowLongPtrW(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        UpdateWindow(hwnd_);
+        pumpMessages(50);
+        received_.clear();
+    }
+    ~RecordingWindow() { DestroyWindow(hwnd_); }
+    RecordingWindow(const RecordingWindow&) = delete;
+    RecordingWindow& operator=(const RecordingWindow&) = delete;
+
+    HWND hwnd() const { return hwnd_; }
+
+    const std::vector<Received>& receive(std::size_t count, int timeoutMs = 3000) {
+        pumpMessages(timeoutMs, [&] { return received_.size() >= count; });
+        return received_;
+    }
+
+private:
+    static LRESULT CALLBACK windowProc(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) {
+        auto* self = reinterpret_cast<RecordingWindow*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
+        const bool input = (message >= WM_LBUTTONDOWN && message <= WM_RBUTTONUP) ||
+                           message == WM_KEYDOWN || message == WM_KEYUP || message == WM_CHAR;
+        if (self && input) self->received_.push_back({message, wParam, lParam});
+        if (!self || message != WM_PAINT || !self->painter_) return DefWindowProcW(hwnd, message, wParam, lParam);
+        PAINTSTRUCT ps;
+        HDC dc = BeginPaint(hwnd, &ps);
+        RECT client;
+        GetClientRect(hwnd, &client);
+        for (int y = 0; y < client.bottom; ++y)
+            for (int x = 0; x < client.right; ++x) SetPixel(dc, x, y, self->painter_(x, y));
+        EndPaint(hwnd, &ps);
+        return 0;
+    }
+
+    Painter painter_;
+    HWND hwnd_ = nullptr;
+    std::vector<Received> received_;
+};
+
+WindowHandle handleOf(HWND hwnd) { return reinterpret_cast<WindowHandle>(hwnd); }
+
+TEST(Win32Desktop, FindsTheInnermostWindowUnderAPointItsClientCoordinatesAndTheCursor) {
+    Win32Desktop desktop;
+    RecordingWindow outer({200, 150, 400, 300});
+    RecordingWindow inner({50, 60, 90, 100}, outer.hwnd());
+    struct Case {
+        ScreenPoint point;
+        HWND window;
+        ScreenPoint client;
+    } cases[] = {
+        {{230, 170}, outer.hwnd(), {30, 20}},
+        {{260, 220}, inner.hwnd(), {10, 10}},
+        {{399, 299}, outer.hwnd(), {199, 149}},
+    };
+    for (const Case& c : cases) {
+        const WindowHandle found = desktop.windowFromPoint(c.point);
+        EXPECT_EQ(found, handleOf(c.window)) << c.point.x << "," << c.point.y;
+        EXPECT_EQ(desktop.screenToClient(found, c.point), c.client) << c.point.x << "," << c.point.y;
+    }
+    EXPECT_NE(desktop.windowFromPoint({199, 150}), handleOf(outer.hwnd()));
+    EXPECT_EQ(desktop.screenToClient(0, {7, 8}), (ScreenPoint{7, 8}));
+
+    // Left of and above the client area of a framed window.
+    RecordingWindow framed({500, 300, 700, 450}, nullptr, WS_OVERLAPPEDWINDOW);
+    POINT origin{0, 0};
+    ClientToScreen(framed.hwnd(), &origin);
+    EXPECT_EQ(desktop.screenToClient(handleOf(framed.hwnd()), {origin.x - 3, origin.y - 5}), (ScreenPoint{-3, -5}));
+
+    SetCursorPos(321, 123);
+    EXPECT_EQ(desktop.cursorPos(), (ScreenPoint{321, 123}));
+}
+
+// A negative x in the low word and a key's high bits reach the window as they were posted.
+TEST(Win32Desktop, PostedMessagesArriveInOrderWithTheirParameters) {
+    Win32Desktop desktop;
+    RecordingWindow target({100, 100, 160, 160});
+    const std::vector<Received> posts = {
+        {0x0203, 1, 0x0014001E}, {0x0205, 0, 0x000AFFFB}, {0x0100, 65, 0xC0100001}, {0x0102, 97, 0xC0100001},
+    };
+    for (const auto& [code, wParam, lParam] : posts)
+        desktop.postMessage(handleOf(target.hwnd()), code, static_cast<std::uint32_t>(wParam),
+                            static_cast<std::uint32_t>(lParam));
+    EXPECT_EQ(target.receive(posts.size()), posts);
+}
+
+TEST(Win32Desktop, StayOnTopKeepsTheWindowAboveOneRaisedLaterUntilSwitchedOff) {
+    Win32Desktop desktop;
+    RecordingWindow ours({600, 400, 700, 500});
+    RecordingWindow other({650, 450, 750, 550});
+    for (bool onTop : {true, false}) {
+        desktop.setTopMost(handleOf(ours.hwnd()), onTop);
+        SetWindowPos(other.hwnd(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        pumpMessages(50);
+        EXPECT_EQ((GetWindowLongW(ours.hwnd(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0, onTop);
+        EXPECT_EQ(desktop.windowFromPoint({680, 480}), handleOf(onTop ? ours.hwnd() : other.hwnd())) << onTop;
+    }
+}
+
+// GetPixel gives 0x00BBGGRR, and -1 off the screen. One reader reads every rectangle, the
+// largest first, so that the smaller ones are read through a buffer wider than they are.
+TEST(Win32ScreenReader, GivesWhatGetPixelGivesAlsoOffTheScreen) {
+    RecordingWindow corner({0, 0, 8, 8}, nullptr, WS_POPUP, [](int x, int y) { return RGB(x * 30, 255, y * 30); });
+    RecordingWindow shades({300, 200, 316, 208}, nullptr, WS_POPUP,
+                           [](int x, int y) { return RGB(x * 16, y * 32, 0x80); });
+    for (HWND painted : {corner.hwnd(), shades.hwnd()})
+        SetWindowPos(painted, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    pumpMessages(300);
+    const int right = GetSystemMetrics(SM_CXVIRTUALSCREEN) - 1;
+    const int bottom = GetSystemMetrics(SM_CYVIRTUALSCREEN) - 1;
+    const ScreenRect cases[] = {
+        {300, 200, 315, 207},                            // a window of shades
+        {-3, -2, 4, 3},                                  // across the top-left corner
+        {right - 2, bottom - 1, right + 3, bottom + 2},  // across the bottom-right corner
+        {-60, 10, -50, 12},                              // wholly left of the screen
+        {2, 2, 6, 5},                                    // wholly on it
+    };
+    win32::Win32ScreenReader reader;
+    HDC dc = GetWindowDC(GetDesktopWindow());
+    std::vector<std::vector<Colour>> read;
+    for (const ScreenRect& r : cases) {
+        std::vector<Colour> pixelByPixel;
+        for (int y = r.top; y <= r.bottom; ++y)
+            for (int x = r.left; x <= r.right; ++x) pixelByPixel.push_back(static_cast<Colour>(GetPixel(dc, x, y)));
+        read.emplace_back(pixelByPixel.size(), 0);
+        reader.readRect(r, read.back());
+        EXPECT_EQ(read.back(), pixelByPixel) << r.left << "," << r.top << " - " << r.right << "," << r.bottom;
+    }
+    ReleaseDC(GetDesktopWindow(), dc);
+    EXPECT_EQ(read[0][1], 0x00800010);
+    EXPECT_EQ(read[1][0], -1);
+    EXPECT_EQ(read[1][2 * 8 + 3], 0x0000FF00);
+}
+
+std::wstring accessListOf(const fs::path& path) {
+    PACL access = nullptr;
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    if (GetNamedSecurityInfoW(path.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr, nullptr, &access,
+                              nullptr, &descriptor) != ERROR_SUCCESS)
+        return L"unreadable";
+    LPWSTR text = nullptr;
+    ConvertSecurityDescriptorToStringSecurityDescriptorW(descriptor, SDDL_REVISION_1, DACL_SECURITY_INFORMATION, &text,
+                                                         nullptr);
+    std::wstring list = text ? text : L"";
+    LocalFree(text);
+    LocalFree(descriptor);
+    return list;
+}
+
+// A save replaces the file with a new one: the content reaches the disk first, and the
+// new file keeps the access list the user gave the old one.
+TEST(Win32DurableFiles, ASaveFlushesTheFileAndKeepsItsAccessList) {
+    const fs::path dir = fs::temp_directory_path() / "quorlin-durable";
+    fs::create_directories(dir);
+    const fs::path file = dir / "setup.tpl";
+    std::ofstream(file) << "former";
+    PSECURITY_DESCRIPTOR own = nullptr;
+    ASSERT_TRUE(
+        ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;WD)", SDDL_REVISION_1, &own, nullptr));
+    BOOL present = FALSE, defaulted = FALSE;
+    PACL access = nullptr;
+    GetSecurityDescriptorDacl(own, &present, &access, &defaulted);
+    std::wstring name = file.wstring();
+    ASSERT_EQ(SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT,
+                                    DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION, nullptr, nullptr,
+                                    access, nullptr),
+              static_cast<DWORD>(ERROR_SUCCESS));
+    LocalFree(own);
+    const std::wstring before = accessListOf(file);
+
+    win32::Win32DurableFiles files;
+    EXPECT_TRUE(writeFileAtomically(file, [](std::ostream& out) { return static_cast<bool>(out << "new"); }, &files));
+    EXPECT_EQ(bytesOf(file), "new");
+    EXPECT_EQ(accessListOf(file), before);
+    EXPECT_TRUE(files.flushToDisk(file));
+    EXPECT_TRUE(files.flushToDisk(dir));
+    EXPECT_FALSE(files.flushToDisk(dir / "missing.tpl"));
+    fs::remove_all(dir);
+}
+
+std::wstring quorlinExe;  // the program under test, as a Windows path
+
+// Asked of the control itself: an edit control's text is not its window caption.
+std::wstring textOf(HWND hwnd) {
+    wchar_t text[256] = {};
+    SendMessageW(hwnd, WM_GETTEXT, 256, reinterpret_cast<LPARAM>(text));
+    return text;
+}
+
+// quorlin.exe started as its own process and driven through its windows from outside.
+class Quorlin {
+public:
+    Quorlin() {
+        STARTUPINFOW startup{};
+        startup.cb = sizeof startup;
+        if (!CreateProcessW(quorlinExe.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                            &process_))
+            throw std::runtime_error("quorlin.exe does not start");
+        main_ = waitForWindow(L"Quorlin", nullptr);
+    }
+    ~Quorlin() {
+        PostMessageW(main_, WM_CLOSE, 0, 0);
+        if (WaitForSingleObject(process_.hProcess, 10000) != WAIT_OBJECT_0) TerminateProcess(process_.hProcess, 99);
+        CloseHandle(process_.hThread);
+        CloseHandle(process_.hProcess);
+    }
+    Quorlin(const Quorlin&) = delete;
+    Quorlin& operator=(const Quorlin&) = delete;
+
+    HWND main() const { return main_; }
+    HWND control(Ctl id) const { return GetDlgItem(main_, win32::controlId(id)); }
+    void type(Ctl id, const wchar_t* text) { SendMessageW(control(id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)); }
+    void click(Ctl id) { PostMessageW(control(id), BM_CLICK, 0, 0); }
+    // Handled before it returns, so that the fields typed next are not read by this press.
+    void press(Ctl id) { SendMessageTimeoutW(control(id), BM_CLICK, 0, 0, SMTO_NORMAL, 5000, nullptr); }
+
+    // A top-level window of the program with this title (and class, when given).
+    HWND waitForWindow(const wchar_t* title, const wchar_t* className) const {
+        HWND found = nullptr;
+        pumpMessages(15000, [&] {
+            found = FindWindowW(className, title);
+            DWORD owner = 0;
+            if (found) GetWindowThreadProcessId(found, &owner);
+            return found && owner == process_.dwProcessId && IsWindowVisible(found);
+        });
+        return found;
+    }
+
+    // Presses a file button, chooses the file in the dialog it opens and waits until `done`.
+    void chooseFile(Ctl button, const fs::path& path, const std::function<bool()>& done) {
+        click(button);
+        HWND dialog = waitForWindow(L"Load Attachement", L"#32770");
+        ASSERT_TRUE(dialog);
+        HWND filter = GetDlgItem(dialog, cmb1);
+        ASSERT_EQ(SendMessageW(filter, CB_GETCOUNT, 0, 0), 1);
+        wchar_t description[64] = {};
+        SendMessageW(filter, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(description));
+        EXPECT_STREQ(description, L"Files (*.tpl)");
+        HWND name = GetDlgItem(dialog, cmb13) ? GetDlgItem(dialog, cmb13) : GetDlgItem(dialog, edt1);
+        SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.wstring().c_str()));
+        PostMessageW(dialog, WM_COMMAND, IDOK, 0);
+        pumpMessages(10000, done);
+    }
+
+private:
+    PROCESS_INFORMATION process_{};
+    HWND main_ = nullptr;
+};
+
+TEST(FrontEnd, OpensWithItsLayoutAndCaptionsSpinArrowsStepTheirFieldAndStartClicksTheWindowUnderThePoint) {
+    Quorlin quorlin;
+    ASSERT_EQ(GetDpiForWindow(quorlin.main()), 96u);
+    RECT client;
+    GetClientRect(quorlin.main(), &client);
+    EXPECT_EQ(client.right, 455);
+    EXPECT_EQ(client.bottom, 623);
+    EXPECT_TRUE(GetWindowLongW(quorlin.main(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+
+    // One control of each kind and in each parent; trailing blanks stay.
+    const std::pair<Ctl, const wchar_t*> captions[] = {
+        {Ctl::frmStayOnTop, L"Stay On Top"}, {Ctl::optTopMost, L"Top Most"}, {Ctl::lblX, L"X :"},
+        {Ctl::frmWeb, L"Type "}, {Ctl::optLoop, L"Non-stop"}, {Ctl::chkText, L"and type text :"},
+        {Ctl::chkRecImage, L""}, {Ctl::optImageNotInclude, L"Click if screen picture is Not : "},
+        {Ctl::cmdRemove, L"Remove from track list"}, {Ctl::cmdStop, L"Stop"}, {Ctl::txtSeconds, L"3"},
+    };
+    for (const auto& [id, caption] : captions) EXPECT_EQ(textOf(quorlin.control(id)), caption) << indexOf(id);
+    EXPECT_FALSE(IsWindowVisible(quorlin.control(Ctl::txtComments)));
+
+    HWND spin = quorlin.control(Ctl::UpDown3);
+    const struct {
+        int y;
+        const wchar_t* after;
+    } presses[] = {{4, L"4"}, {15, L"3"}, {15, L"2"}};  // upper arrow, lower arrow twice
+    for (const auto& press : presses) {
+        PostMessageW(spin, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, press.y));
+        PostMessageW(spin, WM_LBUTTONUP, 0, MAKELPARAM(8, press.y));
+        pumpMessages(5000, [&] { return textOf(quorlin.control(Ctl::txtSeconds)) == press.after; });
+        EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), press.after);
+    }
+
+    RecordingWindow target({800, 500, 900, 580});
+    SetWindowPos(target.hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    quorlin.type(Ctl::txtX, L"850");
+    quorlin.type(Ctl::txtY, L"540");
+    quorlin.type(Ctl::txtSeconds, L"0");
+    quorlin.type(Ctl::txtMiliseconds, L"100");
+    quorlin.click(Ctl::optApplication);
+    quorlin.click(Ctl::cmdStart);
+    const std::vector<Received> expected = {{0x0201, 1, 0x00280032}, {0x0202, 0, 0x00280032}};
+    EXPECT_EQ(target.receive(2, 10000), expected);
+}
+
+// The project is saved, the list cleared, the file loaded and saved again.
+TEST(FrontEnd, AProjectLoadedThroughTheFileDialogSavesByteForByteAsBefore) {
+    const auto dir = fs::temp_directory_path() / ("quorlin-" + std::to_string(GetCurrentProcessId()));
+    fs::create_directories(dir);
+    Quorlin quorlin;
+    for (const wchar_t* x : {L"12", L"56"}) {
+        quorlin.type(Ctl::txtX, x);
+        quorlin.type(Ctl::txtY, L"34");
+        quorlin.press(Ctl::cmdAddtoList);
+    }
+    HWND grid = quorlin.control(Ctl::fgResult);
+    auto rows = [&] { return SendMessageW(grid, LVM_GETITEMCOUNT, 0, 0); };
+    auto saved = [&](const char* name) { return [&dir, name] { return fs::exists(dir / name); }; };
+    pumpMessages(5000, [&] { return rows() == 2; });
+    quorlin.chooseFile(Ctl::cmdSave, dir / "first.tpl", saved("first.tpl"));
+    quorlin.click(Ctl::cmdClearTrackList);
+    pumpMessages(5000, [&] { return rows() == 1; });
+    ASSERT_EQ(rows(), 1);
+    quorlin.chooseFile(Ctl::cmdLoad, dir / "first.tpl", [&] { return rows() == 2; });
+    quorlin.chooseFile(Ctl::cmdSave, dir / "second.tpl", saved("second.tpl"));
+
+    const std::string first = bytesOf(dir / "first.tpl");
+    EXPECT_NE(first.find("\r\n1\r\n12\r\n34\r\n"), std::string::npos) << "entry 1 at 12, 34";
+    EXPECT_EQ(bytesOf(dir / "second.tpl"), first);
+    fs::remove_all(dir);
+}
+
+}  // namespace
+}  // namespace quorlin::testing
+
+// The one argument: quorlin.exe, as a path of the build machine (Wine's Z: drive).
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    if (argc < 2) return 2;
+    const std::wstring path = quorlin::win32::wideFromAnsi(argv[1]);
+    quorlin::testing::quorlinExe = path.starts_with(L"/") ? L"Z:" + path : path;
+    return RUN_ALL_TESTS();
+}
