@@ -1,23 +1,36 @@
 #include <gtest/gtest.h>
 
+#include <X11/extensions/XInput2.h>
+#include <X11/extensions/Xrandr.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 
 #include "run/window_messages.h"
 #include "x11/x11_desktop.h"
+#include "x11/x11_private_master.h"
+#include "x11/x11_screen_reader.h"
 #include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {
 
 using namespace wm;
+using std::chrono::milliseconds;
 using x11::X11Connection;
+
+std::vector<Colour> read(x11::X11ScreenReader& reader, ScreenRect rect) {
+    std::vector<Colour> out(static_cast<std::size_t>(rect.width() * rect.height()));
+    reader.readRect(rect, out);
+    return out;
+}
 
 class X11DesktopTest : public ::testing::Test {
 protected:
     X11Connection connection;
     x11::X11Desktop desktop{connection};
+    x11::X11ScreenReader reader{connection};
 };
 
 TEST_F(X11DesktopTest, ButtonsGoToTheInnermostWindowWithClientAndRootCoordinates) {
@@ -34,16 +47,14 @@ TEST_F(X11DesktopTest, ButtonsGoToTheInnermostWindowWithClientAndRootCoordinates
     XMapWindow(target.display(), pane);
     XSync(target.display(), False);
 
-    desktop.postMessage(w, WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(30, 20));
-    desktop.postMessage(w, WM_LBUTTONUP, 0, mouseLParam(30, 20));
-    desktop.postMessage(w, WM_LBUTTONDBLCLK, MK_LBUTTON, mouseLParam(30, 20));
-    desktop.postMessage(w, WM_RBUTTONDOWN, MK_RBUTTON, mouseLParam(-5, 10));
-    desktop.postMessage(w, WM_RBUTTONUP, 0, mouseLParam(-5, 10));
-    // Posts to another window make a visit of their own there.
-    desktop.postMessage(outer.id(), WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(10, 5));
-    desktop.postMessage(outer.id(), WM_LBUTTONUP, 0, mouseLParam(10, 5));
-    desktop.postMessage(pane, WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(5, 5));
-    desktop.postMessage(pane, WM_LBUTTONUP, 0, mouseLParam(5, 5));
+    // The posts to another window make a visit of their own there.
+    const std::tuple<WindowHandle, std::uint32_t, std::uint32_t, int, int> posts[] = {
+        {w, WM_LBUTTONDOWN, MK_LBUTTON, 30, 20},          {w, WM_LBUTTONUP, 0, 30, 20},
+        {w, WM_LBUTTONDBLCLK, MK_LBUTTON, 30, 20},        {w, WM_RBUTTONDOWN, MK_RBUTTON, -5, 10},
+        {w, WM_RBUTTONUP, 0, -5, 10},                     {outer.id(), WM_LBUTTONDOWN, MK_LBUTTON, 10, 5},
+        {outer.id(), WM_LBUTTONUP, 0, 10, 5},             {pane, WM_LBUTTONDOWN, MK_LBUTTON, 5, 5},
+        {pane, WM_LBUTTONUP, 0, 5, 5}};
+    for (const auto& [to, code, wParam, x, y] : posts) desktop.postMessage(to, code, wParam, mouseLParam(x, y));
     ASSERT_EQ(target.buttons(7), (Buttons{{ButtonPress, 1, 30, 20}, {ButtonRelease, 1, 30, 20},
                                           {ButtonPress, 1, 30, 20}, {ButtonPress, 3, -5, 10},
                                           {ButtonRelease, 3, -5, 10}, {ButtonPress, 1, 65, 45},
@@ -95,13 +106,12 @@ TEST_F(X11DesktopTest, LinksGoToTheDesktopsOpenCommand) {
     setenv("PATH", (dir.string() + ":" + path).c_str(), 1);
     desktop.openLink("mailto:someone@example.org?Subject=Feedback");
     setenv("PATH", path.c_str(), 1);
-    const auto opened = [&] {
+    std::string opened;
+    EXPECT_TRUE(eventually([&] {
         std::ifstream in(dir / "opened");
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    };
-    EXPECT_TRUE(eventually([&] { return opened() == "mailto:someone@example.org?Subject=Feedback"; },
-                           std::chrono::seconds(5)))
-        << opened();
+        opened.assign(std::istreambuf_iterator<char>(in), {});
+        return opened == "mailto:someone@example.org?Subject=Feedback";
+    }, std::chrono::seconds(5))) << opened;
 }
 
 TEST_F(X11DesktopTest, APointOffTheScreenHasNoWindowAndNeverWraps) {
@@ -113,6 +123,223 @@ TEST_F(X11DesktopTest, APointOffTheScreenHasNoWindowAndNeverWraps) {
     EXPECT_EQ(desktop.screenToClient(target.id(), {66386, 200}), (ScreenPoint{65586, 50}));
     EXPECT_EQ(desktop.screenToClient(target.id(), {-2147483647 - 1, 2147483647}),
               (ScreenPoint{-2147483647 - 1, 2147483497}));
+}
+
+// A one-pixel read of the root, converted the plain way, to hold the bulk read against.
+Colour singlePixel(Display* d, int x, int y) {
+    XImage* image = XGetImage(d, DefaultRootWindow(d), x, y, 1, 1, AllPlanes, ZPixmap);
+    const unsigned long p = XGetPixel(image, 0, 0);
+    XDestroyImage(image);
+    return static_cast<Colour>(((p >> 16) & 0xFF) | (p & 0xFF00) | ((p & 0xFF) << 16));
+}
+
+TEST_F(X11DesktopTest, TheBulkReadEqualsOnePixelReadsWithRedInTheLowByteAndOffScreenAsMinusOne) {
+    RecordingWindow canvas{600, 400, 40, 10};
+    Display* d = canvas.display();
+    GC gc = XCreateGC(d, canvas.id(), 0, nullptr);
+    const unsigned long colours[] = {0xFF0000, 0x00FF00, 0x0000FF, 0x123456};  // 0x00RRGGBB on the server
+    for (int i = 0; i < 4; ++i) {
+        XSetForeground(d, gc, colours[i]);
+        XFillRectangle(d, canvas.id(), gc, i * 10, 0, 10, 10);
+    }
+    XFreeGC(d, gc);
+    XSync(d, False);
+
+    const ScreenRect rect{595, 398, 645, 412};
+    auto pixels = read(reader, rect);
+    EXPECT_EQ(pixels[2 * rect.width() + 40], 0x563412);  // 0x123456 on the server
+    std::size_t i = 0;
+    for (int y = rect.top; y <= rect.bottom; ++y)
+        for (int x = rect.left; x <= rect.right; ++x) ASSERT_EQ(pixels[i++], singlePixel(d, x, y));
+
+    const unsigned long errors = X11Connection::errorCount();
+    EXPECT_EQ(read(reader, {-2, -1, 1, 0}),
+              (std::vector<Colour>{-1, -1, -1, -1, -1, -1, singlePixel(d, 0, 0), singlePixel(d, 1, 0)}));
+    EXPECT_EQ(X11Connection::errorCount(), errors);
+}
+
+// Reshapes the test's own screen the way xrandr does: the one output gets a mode of
+// the new size and the screen follows it.
+void resizeScreen(Display* d, int width, int height) {
+    static int modesMade = 0;
+    const Window root = DefaultRootWindow(d);
+    XRRScreenResources* resources = XRRGetScreenResources(d, root);
+    RROutput output = resources->outputs[0];
+    std::string name = "quorlin-" + std::to_string(++modesMade);
+    const auto w = static_cast<unsigned>(width), h = static_cast<unsigned>(height);
+    XRRModeInfo info{0, w, h, 0, 0, 0, w, 0, 0, 0, h, name.data(), static_cast<unsigned>(name.size()), 0};
+    const RRMode mode = XRRCreateMode(d, root, &info);
+    XRRAddOutputMode(d, output, mode);
+    XWindowAttributes now;
+    XGetWindowAttributes(d, root, &now);
+    if (width > now.width || height > now.height)
+        XRRSetScreenSize(d, root, std::max(width, now.width), std::max(height, now.height), 300, 240);
+    XRRSetCrtcConfig(d, resources, resources->crtcs[0], CurrentTime, 0, 0, mode, RR_Rotate_0, &output, 1);
+    XRRSetScreenSize(d, root, width, height, 300, 240);
+    XRRFreeScreenResources(resources);
+    XSync(d, False);
+}
+
+struct Monitor {
+    const char* name;
+    bool primary;
+    int x, y, width, height;
+};
+
+TEST(ScreenGeometry, ReadsLookUpsAndTheReadoutFollowTheScreenSizeAndStartAtThePrimaryMonitor) {
+    PrivateDisplay server;
+    Display* d = server.d;
+    resizeScreen(d, 1000, 800);  // smaller than the screen will grow to, before the reader starts
+    X11Connection connection;
+    x11::X11Desktop desktop(connection);
+    x11::X11ScreenReader reader(connection);
+    RecordingWindow window(900, 700, 300, 200);
+    for (const int width : {1280, 1000, 1280}) {
+        const bool across = width == 1280;  // only the wide screen shows the window beyond x = 1000
+        resizeScreen(d, width, across ? 1024 : 800);
+        std::vector<Colour> row(20, 0xFFFFFF);
+        if (!across) std::fill(row.begin() + 10, row.end(), -1);
+        EXPECT_EQ(read(reader, {990, 750, 1009, 750}), row) << width;
+        EXPECT_EQ(read(reader, {1100, 790, 1100, 790}), (std::vector<Colour>{across ? 0xFFFFFF : -1})) << width;
+        EXPECT_EQ(desktop.windowFromPoint({1100, 750}), across ? window.id() : 0u) << width;
+    }
+
+    // The pointer stays at (100, 50) on the root while the monitors change around it;
+    // the point the readout shows is the point that clicks and reads there.
+    RecordingWindow target(50, 40, 100, 100);
+    const Window root = DefaultRootWindow(d);
+    XWarpPointer(d, None, root, 0, 0, 0, 0, 100, 50);
+    const std::pair<std::vector<Monitor>, ScreenPoint> cases[] = {
+        {{{"left", false, 0, 0, 400, 1024}, {"right", true, 400, 0, 880, 1024}}, {-300, 50}},
+        {{{"right", true, 200, 70, 1080, 954}}, {-100, -20}},
+        {{}, {100, 50}}};
+    for (const auto& [monitors, cursor] : cases) {
+        SCOPED_TRACE(::testing::Message() << monitors.size() << " monitors");
+        for (const char* name : {"left", "right"}) XRRDeleteMonitor(d, root, XInternAtom(d, name, False));
+        for (const Monitor& m : monitors) {
+            XRRMonitorInfo info{XInternAtom(d, m.name, False), m.primary, False, 0, m.x, m.y, m.width, m.height,
+                                m.width, m.height, nullptr};
+            XRRSetMonitor(d, root, &info);
+        }
+        XSync(d, False);
+        EXPECT_EQ(desktop.cursorPos(), cursor);
+        EXPECT_EQ(desktop.windowFromPoint(cursor), target.id());
+        EXPECT_EQ(desktop.screenToClient(target.id(), cursor), (ScreenPoint{50, 10}));
+        EXPECT_EQ(read(reader, {cursor.x, cursor.y, cursor.x, cursor.y}), std::vector<Colour>{0xFFFFFF});
+    }
+}
+
+bool becomesAbove(Display* d, Window w, bool above) {
+    const Atom aboveState = XInternAtom(d, "_NET_WM_STATE_ABOVE", False);
+    return eventually([&] {
+        XSync(d, False);
+        const auto state = windowProperty(d, w, "_NET_WM_STATE");
+        return (std::find(state.begin(), state.end(), aboveState) != state.end()) == above;
+    }, milliseconds(3000));
+}
+
+// Hands the recording window to the window manager, which frames it with a title bar;
+// returns the frame's left, right, top and bottom widths. A manager still starting up
+// can miss a mapping, so the window is mapped again until it is framed.
+std::vector<unsigned long> frameAround(RecordingWindow& w) {
+    Display* d = w.display();
+    XStoreName(d, w.id(), "target");
+    XSetWindowAttributes managed{};
+    XChangeWindowAttributes(d, w.id(), CWOverrideRedirect, &managed);
+    std::vector<unsigned long> frame;
+    // The extents are set before the frame is mapped: wait for the frame to show too.
+    const auto framed = [&] {
+        frame = windowProperty(d, w.id(), "_NET_FRAME_EXTENTS");
+        XWindowAttributes parent{};
+        Window root = None, up = None, *children = nullptr;
+        unsigned int count = 0;
+        if (!XQueryTree(d, w.id(), &root, &up, &children, &count)) return false;
+        if (children) XFree(children);
+        return frame.size() == 4 && frame[2] > 0 && up != root && XGetWindowAttributes(d, up, &parent) &&
+               parent.map_state == IsViewable;
+    };
+    for (int attempt = 0; attempt < 10; ++attempt) {
+        XUnmapWindow(d, w.id());
+        XMapWindow(d, w.id());
+        XSync(d, False);
+        if (eventually(framed, milliseconds(300))) return frame;
+    }
+    return {};
+}
+
+// On a display of the test's own under openbox; the desktop's private input devices are
+// there before the manager starts, as when the program runs already.
+TEST(WindowManager, KeepsTheWindowAboveOrLetsItGoAndFramesStandForTheClientTheyDecorate) {
+    PrivateDisplay server;
+    X11Connection connection;
+    x11::X11Desktop desktop{connection};
+    ASSERT_TRUE(server.startWindowManager()) << "openbox did not start";
+    Display* d = connection.display();  // the property and the mapping in one stream of requests
+    Window window = XCreateSimpleWindow(d, DefaultRootWindow(d), 10, 10, 100, 100, 0, 0, 0);
+    desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
+    XMapWindow(d, window);
+    EXPECT_TRUE(becomesAbove(d, window, true));
+    for (const bool above : {false, true}) {
+        desktop.setTopMost(window, above);
+        EXPECT_TRUE(becomesAbove(d, window, above)) << above;
+    }
+    XDestroyWindow(d, window);
+
+    // Points on the title bar and the border count as the client's, in its coordinates.
+    RecordingWindow client(300, 200, 200, 150);
+    const std::vector<unsigned long> frame = frameAround(client);
+    ASSERT_EQ(frame.size(), 4u) << "openbox did not frame the window";
+    const int title = -static_cast<int>(frame[2]) / 2;
+    int x = 0, y = 0;
+    Window child = None;
+    XTranslateCoordinates(d, client.id(), DefaultRootWindow(d), 0, 0, &x, &y, &child);
+    for (const ScreenPoint inClient : {ScreenPoint{100, title}, ScreenPoint{-static_cast<int>(frame[0]), 50}}) {
+        const ScreenPoint at{x + inClient.x, y + inClient.y};
+        EXPECT_EQ(desktop.windowFromPoint(at), client.id()) << inClient.x << "," << inClient.y;
+        EXPECT_EQ(desktop.screenToClient(client.id(), at), inClient);
+    }
+
+    // Above the client area a right click is only a release; it goes to the client: the
+    // window manager never sees it, so no menu of its own opens and grabs the pointer.
+    desktop.postMessage(client.id(), WM_RBUTTONUP, 0, mouseLParam(100, title));
+    EXPECT_EQ(client.buttons(2, 300), (Buttons{{ButtonRelease, 3, 100, title}}));
+    EXPECT_EQ(XGrabPointer(d, DefaultRootWindow(d), False, 0, GrabModeAsync, GrabModeAsync, None, None, CurrentTime),
+              GrabSuccess);
+    XUngrabPointer(d, CurrentTime);
+}
+
+bool hasMaster(Display* d, const std::string& name) {
+    int count = 0;
+    XIDeviceInfo* devices = XIQueryDevice(d, XIAllMasterDevices, &count);
+    const bool found = std::any_of(devices, devices + count, [&](const XIDeviceInfo& i) { return i.name == name; });
+    XIFreeDeviceInfo(devices);
+    return found;
+}
+
+// A pair left by a process that has ended goes at the next start; a running
+// instance's pair stays; the program's own pair goes with it.
+TEST(PrivateMaster, LeftoversOfEndedProcessesGoAtStartAndTheOwnPairAtTheEnd) {
+    PrivateDisplay server;
+    Display* d = server.d;
+    const pid_t ended = fork();
+    if (ended == 0) _exit(0);
+    waitpid(ended, nullptr, 0);
+    const std::string left = "Quorlin " + std::to_string(ended);
+    const std::string running = "Quorlin " + std::to_string(getppid());
+    const std::string own = "Quorlin " + std::to_string(getpid());
+    for (std::string name : {left, running}) {
+        XIAddMasterInfo add{XIAddMaster, name.data(), False, True};
+        XIChangeHierarchy(d, reinterpret_cast<XIAnyHierarchyChangeInfo*>(&add), 1);
+    }
+    XSync(d, False);
+    {
+        x11::PrivateMaster master(DisplayString(d));
+        EXPECT_FALSE(hasMaster(d, left + " pointer"));
+        EXPECT_TRUE(hasMaster(d, running + " pointer"));
+        ASSERT_TRUE(master.ready());
+        EXPECT_TRUE(hasMaster(d, own + " pointer") && hasMaster(d, own + " keyboard"));
+    }
+    EXPECT_FALSE(hasMaster(d, own + " pointer") || hasMaster(d, own + " keyboard"));
 }
 
 }  // namespace
