@@ -160,12 +160,6 @@ void resizeScreen(Display* d, int width, int height) {
     XSync(d, False);
 }
 
-struct Monitor {
-    const char* name;
-    bool primary;
-    int x, y, width, height;
-};
-
 TEST(ScreenGeometry, ReadsLookUpsAndTheReadoutFollowTheScreenSizeAndStartAtThePrimaryMonitor) {
     PrivateDisplay server;
     Display* d = server.d;
@@ -189,18 +183,16 @@ TEST(ScreenGeometry, ReadsLookUpsAndTheReadoutFollowTheScreenSizeAndStartAtThePr
     RecordingWindow target(50, 40, 100, 100);
     const Window root = DefaultRootWindow(d);
     XWarpPointer(d, None, root, 0, 0, 0, 0, 100, 50);
-    const std::pair<std::vector<Monitor>, ScreenPoint> cases[] = {
-        {{{"left", false, 0, 0, 400, 1024}, {"right", true, 400, 0, 880, 1024}}, {-300, 50}},
-        {{{"right", true, 200, 70, 1080, 954}}, {-100, -20}},
+    const Atom left = XInternAtom(d, "left", False), right = XInternAtom(d, "right", False);
+    const std::pair<std::vector<XRRMonitorInfo>, ScreenPoint> cases[] = {
+        {{{left, False, False, 0, 0, 0, 400, 1024, 0, 0, nullptr},
+          {right, True, False, 0, 400, 0, 880, 1024, 0, 0, nullptr}}, {-300, 50}},
+        {{{right, True, False, 0, 200, 70, 1080, 954, 0, 0, nullptr}}, {-100, -20}},
         {{}, {100, 50}}};
-    for (const auto& [monitors, cursor] : cases) {
+    for (auto [monitors, cursor] : cases) {
         SCOPED_TRACE(::testing::Message() << monitors.size() << " monitors");
-        for (const char* name : {"left", "right"}) XRRDeleteMonitor(d, root, XInternAtom(d, name, False));
-        for (const Monitor& m : monitors) {
-            XRRMonitorInfo info{XInternAtom(d, m.name, False), m.primary, False, 0, m.x, m.y, m.width, m.height,
-                                m.width, m.height, nullptr};
-            XRRSetMonitor(d, root, &info);
-        }
+        for (const Atom name : {left, right}) XRRDeleteMonitor(d, root, name);
+        for (XRRMonitorInfo& m : monitors) XRRSetMonitor(d, root, &m);
         XSync(d, False);
         EXPECT_EQ(desktop.cursorPos(), cursor);
         EXPECT_EQ(desktop.windowFromPoint(cursor), target.id());
