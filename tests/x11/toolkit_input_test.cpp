@@ -137,8 +137,8 @@ struct Target {
 };
 
 // xterm knows no double click: both presses arrive. xmessage ends at its first click,
-// so its button handler runs once however many clicks follow. A browser's double click
-// is two clicks, then dblclick.
+// so its button handler runs once however many clicks follow, and it has nothing to
+// type into. A browser's double click is two clicks, then dblclick.
 const std::map<std::string, Target>& targets() {
     static const std::string dir = QUORLIN_TEST_TARGETS "/", python = "/usr/bin/python3";
     static const std::map<std::string, Target> all{
@@ -222,7 +222,7 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
     const auto& [action, name] = GetParam();
     const Target& t = targets().at(name);
     const std::optional<Lines>& reaction = t.reactions[static_cast<int>(action)];
-    if (!reaction) GTEST_SKIP() << "nothing of " << name << " reacts to that";
+    if (!reaction) GTEST_SKIP() << "the other cases already show what " << name << " does with this";
     ASSERT_TRUE(desk->managed) << "openbox did not start";
     if (access(t.program().c_str(), X_OK) != 0) GTEST_SKIP() << t.program() << " is not installed";
     TargetApp& app = desk->app(name);
