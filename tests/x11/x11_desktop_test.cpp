@@ -238,8 +238,8 @@ std::vector<unsigned long> frameAround(RecordingWindow& w) {
     return {};
 }
 
-// On a display of the test's own under openbox; the desktop's private input devices are
-// there before the manager starts, as when the program runs already.
+// On a display of the test's own under openbox, which starts after the desktop, as when
+// the program runs already.
 TEST(WindowManager, KeepsTheWindowAboveOrLetsItGoAndFramesStandForTheClientTheyDecorate) {
     PrivateDisplay server;
     X11Connection connection;
