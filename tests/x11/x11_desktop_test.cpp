@@ -210,40 +210,17 @@ bool becomesAbove(Display* d, Window w, bool above) {
     }, milliseconds(3000));
 }
 
-// Hands the recording window to the window manager, which frames it with a title bar;
-// returns the frame's left, right, top and bottom widths. A manager still starting up
-// can miss a mapping, so the window is mapped again until it is framed.
-std::vector<unsigned long> frameAround(RecordingWindow& w) {
-    Display* d = w.display();
-    XSetWindowAttributes managed{};
-    XChangeWindowAttributes(d, w.id(), CWOverrideRedirect, &managed);
-    std::vector<unsigned long> frame;
-    // The extents come before the frame shows: the window is viewable only once its frame is.
-    const auto framed = [&] {
-        frame = windowProperty(d, w.id(), "_NET_FRAME_EXTENTS");
-        XWindowAttributes a{};
-        Window root = None, parent = None, *children = nullptr;
-        unsigned int count = 0;
-        XQueryTree(d, w.id(), &root, &parent, &children, &count);
-        if (children) XFree(children);
-        return frame.size() == 4 && frame[2] > 0 && parent != root && XGetWindowAttributes(d, w.id(), &a) &&
-               a.map_state == IsViewable;
-    };
-    for (int attempt = 0; attempt < 10; ++attempt) {
-        XUnmapWindow(d, w.id());
-        XMapWindow(d, w.id());
-        XSync(d, False);
-        if (eventually(framed, milliseconds(300))) return frame;
-    }
-    return {};
-}
-
 // On a display of the test's own under openbox, which starts after the desktop, as when
 // the program runs already.
 TEST(WindowManager, KeepsTheWindowAboveOrLetsItGoAndFramesStandForTheClientTheyDecorate) {
     PrivateDisplay server;
     X11Connection connection;
     x11::X11Desktop desktop{connection};
+    // A window there before the manager starts is framed as the manager starts.
+    RecordingWindow client(300, 200, 200, 150);
+    XSetWindowAttributes managed{};
+    XChangeWindowAttributes(client.display(), client.id(), CWOverrideRedirect, &managed);
+    XSync(client.display(), False);
     ASSERT_TRUE(server.startWindowManager()) << "openbox did not start";
     Display* d = connection.display();  // the property and the mapping in one stream of requests
     Window window = XCreateSimpleWindow(d, DefaultRootWindow(d), 10, 10, 100, 100, 0, 0, 0);
@@ -257,9 +234,18 @@ TEST(WindowManager, KeepsTheWindowAboveOrLetsItGoAndFramesStandForTheClientTheyD
     XDestroyWindow(d, window);
 
     // Points on the title bar and the border count as the client's, in its coordinates.
-    RecordingWindow client(300, 200, 200, 150);
-    const std::vector<unsigned long> frame = frameAround(client);
-    ASSERT_EQ(frame.size(), 4u) << "openbox did not frame the window";
+    // The frame's extents come before it shows: the client is viewable only once its frame is.
+    std::vector<unsigned long> frame;
+    ASSERT_TRUE(eventually([&] {
+        frame = windowProperty(d, client.id(), "_NET_FRAME_EXTENTS");
+        XWindowAttributes a{};
+        Window root = None, parent = None, *children = nullptr;
+        unsigned int count = 0;
+        XQueryTree(d, client.id(), &root, &parent, &children, &count);
+        if (children) XFree(children);
+        return frame.size() == 4 && frame[2] > 0 && parent != root && XGetWindowAttributes(d, client.id(), &a) &&
+               a.map_state == IsViewable;
+    }, std::chrono::seconds(5))) << "openbox did not frame the window";
     const int title = -static_cast<int>(frame[2]) / 2;
     int x = 0, y = 0;
     Window child = None;
