@@ -190,8 +190,7 @@ struct Desk {
         e.xclient = {ClientMessage, 0, True, d, user, XInternAtom(d, "_NET_ACTIVE_WINDOW", False), 32, {}};
         e.xclient.data.l[0] = 2;
         XSendEvent(d, DefaultRootWindow(d), False, SubstructureRedirectMask | SubstructureNotifyMask, &e);
-        for (int tries = 0; tries < 100 && UserState(d).focus != user; ++tries)
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+        eventually([&] { return UserState(d).focus == user; }, std::chrono::seconds(2));
     }
     TargetApp& app(const std::string& name) {
         const Target& t = targets().at(name);
