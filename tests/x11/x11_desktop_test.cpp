@@ -1,49 +1,63 @@
 #include <gtest/gtest.h>
 
+#include <X11/extensions/XInput2.h>
+#include <X11/extensions/Xrandr.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
 
 #include "run/window_messages.h"
 #include "x11/x11_desktop.h"
+#include "x11/x11_private_master.h"
+#include "x11/x11_screen_reader.h"
 #include "x11_fixtures.h"
 
 namespace quorlin::testing {
 namespace {
 
 using namespace wm;
+using std::chrono::milliseconds;
 using x11::X11Connection;
+
+std::vector<Colour> read(x11::X11ScreenReader& reader, ScreenRect rect) {
+    std::vector<Colour> out(static_cast<std::size_t>(rect.width() * rect.height()));
+    reader.readRect(rect, out);
+    return out;
+}
 
 class X11DesktopTest : public ::testing::Test {
 protected:
     X11Connection connection;
     x11::X11Desktop desktop{connection};
+    x11::X11ScreenReader reader{connection};
 };
 
-TEST_F(X11DesktopTest, ButtonsGoToTheInnermostWindowWithClientAndRootCoordinates) {
+TEST_F(X11DesktopTest, ButtonsGoToTheInnermostWindowWithClientAndRootCoordinatesThatNeverWrap) {
     RecordingWindow outer(200, 150, 200, 200);
     RecordingWindow target(20, 10, 120, 80, outer.id());
     EXPECT_EQ(desktop.windowFromPoint({210, 155}), outer.id());
-    EXPECT_EQ(desktop.windowFromPoint({1270, 1010}), 0u);
-    EXPECT_EQ(desktop.screenToClient(0, {7, 8}), (ScreenPoint{7, 8}));
+    const ScreenPoint noWindow[] = {{1270, 1010}, {210 + 65536, 155}, {210 - 65536, 155}, {210, 155 + 65536}, {-1, 155},
+                                    {1280, 155}, {210, 1024}, {2147483647, -2147483647 - 1}};
+    for (ScreenPoint p : noWindow) EXPECT_EQ(desktop.windowFromPoint(p), 0u) << p.x << "," << p.y;
     const WindowHandle w = desktop.windowFromPoint({250, 180});
     ASSERT_EQ(w, target.id());
     EXPECT_EQ(desktop.screenToClient(w, {250, 180}), (ScreenPoint{30, 20}));
+    EXPECT_EQ(desktop.screenToClient(w, {66386, 200}), (ScreenPoint{66166, 40}));
+    EXPECT_EQ(desktop.screenToClient(w, {-2147483647 - 1, 2147483647}), (ScreenPoint{-2147483647 - 1, 2147483487}));
     // A window that takes no buttons leaves them to the nearest ancestor that does, as with a real click.
     const Window pane = XCreateSimpleWindow(target.display(), target.id(), 60, 40, 20, 20, 0, 0, 0);
     XMapWindow(target.display(), pane);
     XSync(target.display(), False);
 
-    desktop.postMessage(w, WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(30, 20));
-    desktop.postMessage(w, WM_LBUTTONUP, 0, mouseLParam(30, 20));
-    desktop.postMessage(w, WM_LBUTTONDBLCLK, MK_LBUTTON, mouseLParam(30, 20));
-    desktop.postMessage(w, WM_RBUTTONDOWN, MK_RBUTTON, mouseLParam(-5, 10));
-    desktop.postMessage(w, WM_RBUTTONUP, 0, mouseLParam(-5, 10));
-    // Posts to another window make a visit of their own there.
-    desktop.postMessage(outer.id(), WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(10, 5));
-    desktop.postMessage(outer.id(), WM_LBUTTONUP, 0, mouseLParam(10, 5));
-    desktop.postMessage(pane, WM_LBUTTONDOWN, MK_LBUTTON, mouseLParam(5, 5));
-    desktop.postMessage(pane, WM_LBUTTONUP, 0, mouseLParam(5, 5));
+    // The posts to another window make a visit of their own there.
+    const std::tuple<WindowHandle, std::uint32_t, std::uint32_t, int, int> posts[] = {
+        {w, WM_LBUTTONDOWN, MK_LBUTTON, 30, 20},          {w, WM_LBUTTONUP, 0, 30, 20},
+        {w, WM_LBUTTONDBLCLK, MK_LBUTTON, 30, 20},        {w, WM_RBUTTONDOWN, MK_RBUTTON, -5, 10},
+        {w, WM_RBUTTONUP, 0, -5, 10},                     {outer.id(), WM_LBUTTONDOWN, MK_LBUTTON, 10, 5},
+        {outer.id(), WM_LBUTTONUP, 0, 10, 5},             {pane, WM_LBUTTONDOWN, MK_LBUTTON, 5, 5},
+        {pane, WM_LBUTTONUP, 0, 5, 5}};
+    for (const auto& [to, code, wParam, x, y] : posts) desktop.postMessage(to, code, wParam, mouseLParam(x, y));
     ASSERT_EQ(target.buttons(7), (Buttons{{ButtonPress, 1, 30, 20}, {ButtonRelease, 1, 30, 20},
                                           {ButtonPress, 1, 30, 20}, {ButtonPress, 3, -5, 10},
                                           {ButtonRelease, 3, -5, 10}, {ButtonPress, 1, 65, 45},
@@ -95,24 +109,194 @@ TEST_F(X11DesktopTest, LinksGoToTheDesktopsOpenCommand) {
     setenv("PATH", (dir.string() + ":" + path).c_str(), 1);
     desktop.openLink("mailto:someone@example.org?Subject=Feedback");
     setenv("PATH", path.c_str(), 1);
-    const auto opened = [&] {
+    std::string opened;
+    EXPECT_TRUE(eventually([&] {
         std::ifstream in(dir / "opened");
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    };
-    EXPECT_TRUE(eventually([&] { return opened() == "mailto:someone@example.org?Subject=Feedback"; },
-                           std::chrono::seconds(5)))
-        << opened();
+        opened.assign(std::istreambuf_iterator<char>(in), {});
+        return opened == "mailto:someone@example.org?Subject=Feedback";
+    }, std::chrono::seconds(5))) << opened;
 }
 
-TEST_F(X11DesktopTest, APointOffTheScreenHasNoWindowAndNeverWraps) {
-    RecordingWindow target(800, 150, 100, 100);
-    const ScreenPoint offScreen[] = {{66386, 200}, {850 - 65536, 200}, {850, 200 + 65536}, {-1, 200}, {1280, 200},
-                                     {850, 1024}, {2147483647, -2147483647 - 1}};
-    for (ScreenPoint p : offScreen) EXPECT_EQ(desktop.windowFromPoint(p), 0u) << p.x << "," << p.y;
-    EXPECT_EQ(desktop.windowFromPoint({850, 200}), target.id());
-    EXPECT_EQ(desktop.screenToClient(target.id(), {66386, 200}), (ScreenPoint{65586, 50}));
-    EXPECT_EQ(desktop.screenToClient(target.id(), {-2147483647 - 1, 2147483647}),
-              (ScreenPoint{-2147483647 - 1, 2147483497}));
+// A one-pixel read of the root, converted the plain way, to hold the bulk read against.
+Colour singlePixel(Display* d, int x, int y) {
+    XImage* image = XGetImage(d, DefaultRootWindow(d), x, y, 1, 1, AllPlanes, ZPixmap);
+    const unsigned long p = XGetPixel(image, 0, 0);
+    XDestroyImage(image);
+    return static_cast<Colour>(((p >> 16) & 0xFF) | (p & 0xFF00) | ((p & 0xFF) << 16));
+}
+
+TEST_F(X11DesktopTest, TheBulkReadEqualsOnePixelReadsWithRedInTheLowByteAndOffScreenAsMinusOne) {
+    RecordingWindow canvas{600, 400, 40, 10};
+    Display* d = canvas.display();
+    GC gc = XCreateGC(d, canvas.id(), 0, nullptr);
+    const unsigned long colours[] = {0xFF0000, 0x00FF00, 0x0000FF, 0x123456};  // 0x00RRGGBB on the server
+    for (int i = 0; i < 4; ++i) {
+        XSetForeground(d, gc, colours[i]);
+        XFillRectangle(d, canvas.id(), gc, i * 10, 0, 10, 10);
+    }
+    XFreeGC(d, gc);
+    XSync(d, False);
+
+    const ScreenRect rect{595, 398, 645, 412};
+    auto pixels = read(reader, rect);
+    EXPECT_EQ(pixels[2 * rect.width() + 40], 0x563412);  // 0x123456 on the server
+    std::size_t i = 0;
+    for (int y = rect.top; y <= rect.bottom; ++y)
+        for (int x = rect.left; x <= rect.right; ++x) ASSERT_EQ(pixels[i++], singlePixel(d, x, y));
+
+    const unsigned long errors = X11Connection::errorCount();
+    EXPECT_EQ(read(reader, {-2, -1, 1, 0}),
+              (std::vector<Colour>{-1, -1, -1, -1, -1, -1, singlePixel(d, 0, 0), singlePixel(d, 1, 0)}));
+    EXPECT_EQ(X11Connection::errorCount(), errors);
+}
+
+// Reshapes the test's own screen: with the output switched off, the screen takes any size.
+void resizeScreen(Display* d, int width, int height) {
+    const Window root = DefaultRootWindow(d);
+    XRRScreenResources* resources = XRRGetScreenResources(d, root);
+    XRRSetCrtcConfig(d, resources, resources->crtcs[0], CurrentTime, 0, 0, None, RR_Rotate_0, nullptr, 0);
+    XRRFreeScreenResources(resources);
+    XRRSetScreenSize(d, root, width, height, 300, 240);
+    XSync(d, False);
+}
+
+TEST(ScreenGeometry, ReadsLookUpsAndTheReadoutFollowTheScreenSizeAndStartAtThePrimaryMonitor) {
+    PrivateDisplay server;
+    Display* d = server.d;
+    resizeScreen(d, 1000, 800);  // smaller than the screen will grow to, before the reader starts
+    X11Connection connection;
+    x11::X11Desktop desktop(connection);
+    x11::X11ScreenReader reader(connection);
+    RecordingWindow window(900, 700, 300, 200);
+    for (const int width : {1280, 1000, 1280}) {
+        const bool across = width == 1280;  // only the wide screen shows the window beyond x = 1000
+        resizeScreen(d, width, across ? 1024 : 800);
+        std::vector<Colour> row(20, 0xFFFFFF);
+        if (!across) std::fill(row.begin() + 10, row.end(), -1);
+        EXPECT_EQ(read(reader, {990, 750, 1009, 750}), row) << width;
+        EXPECT_EQ(read(reader, {1100, 790, 1100, 790}), (std::vector<Colour>{across ? 0xFFFFFF : -1})) << width;
+        EXPECT_EQ(desktop.windowFromPoint({1100, 750}), across ? window.id() : 0u) << width;
+    }
+
+    // The pointer stays at (100, 50) on the root while the monitors change around it;
+    // the point the readout shows is the point that clicks and reads there.
+    RecordingWindow target(50, 40, 100, 100);
+    const Window root = DefaultRootWindow(d);
+    XWarpPointer(d, None, root, 0, 0, 0, 0, 100, 50);
+    const Atom left = XInternAtom(d, "left", False), right = XInternAtom(d, "right", False);
+    const std::pair<std::vector<XRRMonitorInfo>, ScreenPoint> cases[] = {
+        {{{left, False, False, 0, 0, 0, 400, 1024, 0, 0, nullptr},
+          {right, True, False, 0, 400, 0, 880, 1024, 0, 0, nullptr}}, {-300, 50}},
+        {{{right, True, False, 0, 200, 70, 1080, 954, 0, 0, nullptr}}, {-100, -20}},
+        {{}, {100, 50}}};
+    for (auto [monitors, cursor] : cases) {
+        SCOPED_TRACE(::testing::Message() << monitors.size() << " monitors");
+        for (const Atom name : {left, right}) XRRDeleteMonitor(d, root, name);
+        for (XRRMonitorInfo& m : monitors) XRRSetMonitor(d, root, &m);
+        XSync(d, False);
+        EXPECT_EQ(desktop.cursorPos(), cursor);
+        EXPECT_EQ(desktop.windowFromPoint(cursor), target.id());
+        EXPECT_EQ(desktop.screenToClient(target.id(), cursor), (ScreenPoint{50, 10}));
+        EXPECT_EQ(read(reader, {cursor.x, cursor.y, cursor.x, cursor.y}), std::vector<Colour>{0xFFFFFF});
+    }
+}
+
+bool becomesAbove(Display* d, Window w, bool above) {
+    const Atom aboveState = XInternAtom(d, "_NET_WM_STATE_ABOVE", False);
+    return eventually([&] {
+        XSync(d, False);
+        const auto state = windowProperty(d, w, "_NET_WM_STATE");
+        return (std::find(state.begin(), state.end(), aboveState) != state.end()) == above;
+    }, milliseconds(3000));
+}
+
+// On a display of the test's own under openbox, which starts after the desktop, as when
+// the program runs already.
+TEST(WindowManager, KeepsTheWindowAboveOrLetsItGoAndFramesStandForTheClientTheyDecorate) {
+    PrivateDisplay server;
+    X11Connection connection;
+    x11::X11Desktop desktop{connection};
+    // A window there before the manager starts is framed as the manager starts.
+    RecordingWindow client(300, 200, 200, 150);
+    XSetWindowAttributes managed{};
+    XChangeWindowAttributes(client.display(), client.id(), CWOverrideRedirect, &managed);
+    XSync(client.display(), False);
+    ASSERT_TRUE(server.startWindowManager()) << "openbox did not start";
+    Display* d = connection.display();  // the property and the mapping in one stream of requests
+    Window window = XCreateSimpleWindow(d, DefaultRootWindow(d), 10, 10, 100, 100, 0, 0, 0);
+    desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
+    XMapWindow(d, window);
+    EXPECT_TRUE(becomesAbove(d, window, true));
+    for (const bool above : {false, true}) {
+        desktop.setTopMost(window, above);
+        EXPECT_TRUE(becomesAbove(d, window, above)) << above;
+    }
+    XDestroyWindow(d, window);
+
+    // Points on the title bar and the border count as the client's, in its coordinates.
+    // The frame's extents come before it shows: the client is viewable only once its frame is.
+    std::vector<unsigned long> frame;
+    ASSERT_TRUE(eventually([&] {
+        frame = windowProperty(d, client.id(), "_NET_FRAME_EXTENTS");
+        XWindowAttributes a{};
+        Window root = None, parent = None, *children = nullptr;
+        unsigned int count = 0;
+        XQueryTree(d, client.id(), &root, &parent, &children, &count);
+        if (children) XFree(children);
+        return frame.size() == 4 && frame[2] > 0 && parent != root && XGetWindowAttributes(d, client.id(), &a) &&
+               a.map_state == IsViewable;
+    }, std::chrono::seconds(5))) << "openbox did not frame the window";
+    const int title = -static_cast<int>(frame[2]) / 2;
+    int x = 0, y = 0;
+    Window child = None;
+    XTranslateCoordinates(d, client.id(), DefaultRootWindow(d), 0, 0, &x, &y, &child);
+    for (const ScreenPoint inClient : {ScreenPoint{100, title}, ScreenPoint{-static_cast<int>(frame[0]), 50}}) {
+        const ScreenPoint at{x + inClient.x, y + inClient.y};
+        EXPECT_EQ(desktop.windowFromPoint(at), client.id()) << inClient.x << "," << inClient.y;
+        EXPECT_EQ(desktop.screenToClient(client.id(), at), inClient);
+    }
+
+    // Above the client area a right click is only a release; it goes to the client: the
+    // window manager never sees it, so no menu of its own opens and grabs the pointer.
+    desktop.postMessage(client.id(), WM_RBUTTONUP, 0, mouseLParam(100, title));
+    EXPECT_EQ(client.buttons(2, 300), (Buttons{{ButtonRelease, 3, 100, title}}));
+    EXPECT_EQ(XGrabPointer(d, DefaultRootWindow(d), False, 0, GrabModeAsync, GrabModeAsync, None, None, CurrentTime),
+              GrabSuccess);
+    XUngrabPointer(d, CurrentTime);
+}
+
+bool hasMaster(Display* d, const std::string& name) {
+    int count = 0;
+    XIDeviceInfo* devices = XIQueryDevice(d, XIAllMasterDevices, &count);
+    const bool found = std::any_of(devices, devices + count, [&](const XIDeviceInfo& i) { return i.name == name; });
+    XIFreeDeviceInfo(devices);
+    return found;
+}
+
+// A pair left by a process that has ended goes at the next start; a running
+// instance's pair stays; the program's own pair goes with it.
+TEST(PrivateMaster, LeftoversOfEndedProcessesGoAtStartAndTheOwnPairAtTheEnd) {
+    PrivateDisplay server;
+    Display* d = server.d;
+    const pid_t ended = fork();
+    if (ended == 0) _exit(0);
+    waitpid(ended, nullptr, 0);
+    const std::string left = "Quorlin " + std::to_string(ended);
+    const std::string running = "Quorlin " + std::to_string(getppid());
+    const std::string own = "Quorlin " + std::to_string(getpid());
+    for (std::string name : {left, running}) {
+        XIAddMasterInfo add{XIAddMaster, name.data(), False, True};
+        XIChangeHierarchy(d, reinterpret_cast<XIAnyHierarchyChangeInfo*>(&add), 1);
+    }
+    XSync(d, False);
+    {
+        x11::PrivateMaster master(DisplayString(d));
+        EXPECT_FALSE(hasMaster(d, left + " pointer"));
+        EXPECT_TRUE(hasMaster(d, running + " pointer"));
+        ASSERT_TRUE(master.ready());
+        EXPECT_TRUE(hasMaster(d, own + " pointer") && hasMaster(d, own + " keyboard"));
+    }
+    EXPECT_FALSE(hasMaster(d, own + " pointer") || hasMaster(d, own + " keyboard"));
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 #include <X11/Xlib.h>
 #include <X11/Xutil.h>
 #include <fcntl.h>
-#include <poll.h>
 #include <signal.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -40,11 +39,11 @@ class ChildProcess {
 public:
     explicit ChildProcess(std::vector<std::string> argv, bool quiet = false) {
         int out[2];
-        if (pipe(out) != 0) return;
+        if (pipe2(out, O_CLOEXEC) != 0) return;
+        fcntl(out[0], F_SETFL, O_NONBLOCK);
         posix_spawn_file_actions_t actions;
         posix_spawn_file_actions_init(&actions);
         posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
-        posix_spawn_file_actions_addclose(&actions, out[0]);
         if (quiet) posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
         std::vector<char*> args;
         for (auto& a : argv) args.push_back(a.data());
@@ -63,18 +62,14 @@ public:
 
     // The next whole line of the program's output, unless it does not come in time.
     std::optional<std::string> nextLine(std::chrono::milliseconds patience) {
-        const auto until = std::chrono::steady_clock::now() + patience;
-        std::size_t end;
-        while ((end = pending_.find('\n')) == std::string::npos) {
-            const auto left =
-                std::chrono::duration_cast<std::chrono::milliseconds>(until - std::chrono::steady_clock::now());
-            pollfd p{fd_, POLLIN, 0};
+        std::size_t end = std::string::npos;
+        const auto whole = [&] {
             char buffer[512];
-            if (left.count() <= 0 || poll(&p, 1, static_cast<int>(left.count())) <= 0) return std::nullopt;
-            const ssize_t n = read(fd_, buffer, sizeof buffer);
-            if (n <= 0) return std::nullopt;
-            pending_.append(buffer, static_cast<std::size_t>(n));
-        }
+            for (ssize_t n; (n = read(fd_, buffer, sizeof buffer)) > 0;)
+                pending_.append(buffer, static_cast<std::size_t>(n));
+            return (end = pending_.find('\n')) != std::string::npos;
+        };
+        if (!eventually(whole, patience)) return std::nullopt;
         std::string line = pending_.substr(0, end);
         pending_.erase(0, end + 1);
         return line;
@@ -151,9 +146,8 @@ public:
                                 CopyFromParent, InputOutput, CopyFromParent,
                                 CWOverrideRedirect | CWBackPixel | CWEventMask, &a);
         XMapRaised(d_, window_);
-        XSync(d_, False);
-        eventually([this] { return pump(), exposed_; }, std::chrono::seconds(2));
-        events_.clear();
+        XEvent shown;
+        XWindowEvent(d_, window_, ExposureMask, &shown);
     }
     ~RecordingWindow() {
         XDestroyWindow(d_, window_);  // gone once this returns, not when the server sees the connection close
@@ -165,9 +159,15 @@ public:
     Window id() const { return window_; }
     Display* display() const { return d_; }
 
-    // Collects events until `count` input events have arrived or the time is up.
+    // Collects input events until `count` have arrived or the time is up.
     const std::vector<XEvent>& receive(std::size_t count, int timeoutMs = 2000) {
-        eventually([&] { return pump(), events_.size() >= count; }, std::chrono::milliseconds(timeoutMs));
+        eventually([&] {
+            for (XEvent e; XPending(d_);) {
+                XNextEvent(d_, &e);
+                if (e.type != Expose) events_.push_back(e);
+            }
+            return events_.size() >= count;
+        }, std::chrono::milliseconds(timeoutMs));
         return events_;
     }
 
@@ -192,18 +192,9 @@ public:
     }
 
 private:
-    void pump() {
-        for (XEvent e; XPending(d_);) {
-            XNextEvent(d_, &e);
-            if (e.type == Expose) exposed_ = true;
-            else events_.push_back(e);
-        }
-    }
-
     Display* d_;
     Window window_ = 0;
     std::vector<XEvent> events_;
-    bool exposed_ = false;
 };
 
 }  // namespace quorlin::testing

@@ -23,9 +23,8 @@ def entered(entry):
 def report():
     _, ox, oy = window.get_window().get_origin()
     for name, widget in (("button", button), ("entry", entry)):
-        x, y = widget.translate_coordinates(window, 0, 0)
         a = widget.get_allocation()
-        say("at", name, ox + x + a.width // 2, oy + y + a.height // 2)
+        say("at", name, ox + a.x + a.width // 2, oy + a.y + a.height // 2)
     say("ready")
 
 

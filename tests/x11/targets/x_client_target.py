@@ -10,8 +10,8 @@ import tempfile
 import time
 
 
-def say(*words, out=sys.stdout):
-    print(*words, file=out, flush=True)
+def say(*words):
+    print(*words, flush=True)
 
 
 def start(command, **options):
@@ -35,10 +35,10 @@ def placements(args):
     sys.exit("window not found")
 
 
-def report_at(place, out=sys.stdout):
+def report_at(place):
     _, w, h, x, y = place
-    say("at button", x + w // 2, y + h // 2, out=out)
-    say("ready", out=out)
+    say("at button", x + w // 2, y + h // 2)
+    say("ready")
 
 
 def xmessage():
@@ -61,20 +61,20 @@ def xterm():
 # comes as xterm's press and release reports (ESC [ M b x y), keys as themselves.
 def xterm_inside():
     import tty
-    out = os.fdopen(3, "w")
+    sys.stdout = os.fdopen(3, "w")
     tty.setraw(0)
     os.write(1, b"\x1b[?1000h")
-    report_at(placements(["-id", os.environ["WINDOWID"]])[0], out=out)
+    report_at(placements(["-id", os.environ["WINDOWID"]])[0])
     keys, last = os.fdopen(0, "rb"), None
     while key := keys.read(1):
         if key != b"\x1b":
-            say("typed", key.decode("latin-1"), out=out)
+            say("typed", key.decode("latin-1"))
             continue
         button = keys.read(5)[2] - 32
         if button == 3 and last == 0:
-            say("clicked", out=out)
+            say("clicked")
         elif button == 2:
-            say("menu", out=out)
+            say("menu")
         last = button
 
 
