@@ -14,16 +14,12 @@ namespace quorlin {
 
 using C = Ctl;
 
+// Each part stops the reading at its first failure; what was read stays.
 void ProjectReader::read() {
-    readAll();
+    if (imageSettings() && runSettings())
+        while (!lines_.atEnd() && record()) {
+        }
     applyOverlays();
-}
-
-bool ProjectReader::readAll() {
-    if (!imageSettings() || !runSettings()) return false;
-    while (!lines_.atEnd())
-        if (!record()) return false;
-    return true;
 }
 
 std::optional<std::string_view> ProjectReader::line() {

@@ -32,7 +32,6 @@ private:
     bool rowPicture(int r);
     std::size_t pixelRun(std::span<Colour> out, bool strict);
     bool readPixels(RowPicture& picture, std::int32_t lastX, std::int32_t lastY, std::size_t& read);
-    bool readAll();
     void applyOverlays();
 
     std::optional<std::string_view> line();

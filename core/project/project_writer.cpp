@@ -1,6 +1,5 @@
 #include "project/project_writer.h"
 
-#include <algorithm>
 
 #include "project/project_layout.h"
 #include "text/number_line.h"
@@ -11,7 +10,7 @@ namespace quorlin {
 using C = Ctl;
 
 ProjectWriter::ProjectWriter(std::ostream& out)
-    : buffer_(kFlushAt + kLongestNumberLine), text_([&out](std::span<const char> text) {
+    : text_([&out](std::span<const char> text) {
           return static_cast<bool>(out.write(text.data(), static_cast<std::streamsize>(text.size())));
       }) {}
 
@@ -96,28 +95,19 @@ void ProjectWriter::text(std::string_view value) {
 }
 
 void ProjectWriter::integer(std::int32_t value) {
-    if (used_ + kLongestNumberLine > buffer_.size()) flush();
-    used_ = static_cast<std::size_t>(numberLine(buffer_.data() + used_, value) - buffer_.data());
+    char digits[kLongestNumberLine];
+    buffer_.append(digits, numberLine(digits, value));
 }
 
 bool ProjectWriter::pixels(int columns, std::size_t height, const TextPipeline::ColumnSource& source) {
     return flush() && text_.addPixels(columns, height, source);
 }
 
-void ProjectWriter::line(std::string_view bytes) {
-    if (used_ + bytes.size() + 2 > buffer_.size()) {
-        flush();
-        buffer_.resize(std::max(buffer_.size(), bytes.size() + 2));
-    }
-    std::copy(bytes.begin(), bytes.end(), buffer_.data() + used_);
-    used_ += bytes.size();
-    buffer_[used_++] = '\r';
-    buffer_[used_++] = '\n';
-}
+void ProjectWriter::line(std::string_view bytes) { buffer_.append(bytes).append("\r\n"); }
 
 bool ProjectWriter::flush() {
-    const bool written = text_.add({buffer_.data(), used_});
-    used_ = 0;
+    const bool written = text_.add(buffer_);
+    buffer_.clear();
     return written;
 }
 

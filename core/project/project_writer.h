@@ -3,7 +3,6 @@
 #include <ostream>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "model/window_model.h"
 #include "project/text_pipeline.h"
@@ -22,8 +21,6 @@ public:
     bool write(WindowModel& m);
 
 private:
-    static constexpr std::size_t kFlushAt = 1 << 20;
-
     bool imageSettings(const WindowModel& m);
     bool picture(const ReferencePicture& picture);
     void runSettings(const EntryForm& form);
@@ -38,8 +35,8 @@ private:
     void line(std::string_view ascii);
     bool flush();
 
-    std::vector<char> buffer_;
-    std::size_t used_ = 0;
+    // The lines since the last picture or record: they go to the file together.
+    std::string buffer_;
     TextPipeline text_;
 };
 
