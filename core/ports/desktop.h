@@ -10,8 +10,8 @@ using WindowHandle = std::uintptr_t;
 
 // Physical screen pixels of the whole desktop, origin at the primary monitor's top-left.
 struct ScreenPoint {
-    std::int32_t x = 0;
-    std::int32_t y = 0;
+    std::int32_t x;
+    std::int32_t y;
     friend bool operator==(const ScreenPoint&, const ScreenPoint&) = default;
 };
 

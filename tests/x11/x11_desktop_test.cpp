@@ -100,9 +100,9 @@ TEST_F(X11DesktopTest, AVanishedTargetNeitherCrashesNorStopsLaterPosts) {
 }
 
 TEST_F(X11DesktopTest, LinksGoToTheDesktopsOpenCommand) {
-    const auto dir = std::filesystem::temp_directory_path() / "quorlin-opener";
+    // Of this process alone: runs side by side must not read each other's link.
+    const auto dir = std::filesystem::temp_directory_path() / ("quorlin-opener-" + std::to_string(getpid()));
     std::filesystem::create_directories(dir);
-    std::filesystem::remove(dir / "opened");
     std::ofstream(dir / "xdg-open") << "#!/bin/sh\nprintf '%s' \"$1\" > \"${0%/*}/opened\"\n";
     std::filesystem::permissions(dir / "xdg-open", std::filesystem::perms::owner_all);
     const std::string path = std::getenv("PATH");
@@ -115,6 +115,7 @@ TEST_F(X11DesktopTest, LinksGoToTheDesktopsOpenCommand) {
         opened.assign(std::istreambuf_iterator<char>(in), {});
         return opened == "mailto:someone@example.org?Subject=Feedback";
     }, std::chrono::seconds(5))) << opened;
+    std::filesystem::remove_all(dir);
 }
 
 // A one-pixel read of the root, converted the plain way, to hold the bulk read against.
