@@ -148,6 +148,25 @@ TEST(MainWindowUi, OptionsSwitchTheirFieldsThroughTheCore) {
     EXPECT_FALSE(ui.get<QPlainTextEdit>(Ctl::txtText)->isEnabled()) << "unticked";
 }
 
+TEST(MainWindowUi, SpinArrowsMenuItemsAndTheLogoReachTheCore) {
+    UiWindow ui;
+    const auto arrows = ui.window.widgetFor(Ctl::UpDown3)->findChildren<QToolButton*>();
+    ASSERT_EQ(arrows.size(), 2);
+    arrows[0]->click();
+    EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtSeconds)->text(), "4");
+    arrows[1]->click();
+    arrows[1]->click();
+    EXPECT_EQ(ui.get<QLineEdit>(Ctl::txtSeconds)->text(), "2");
+
+    ui.window.findChild<QAction*>("mnuFeedback")->trigger();
+    ui.window.findChild<QAction*>("mnuGoToWebsite")->trigger();
+    ui.click(Ctl::Picture1);
+    ASSERT_EQ(ui.desktop.links.size(), 3u);
+    EXPECT_TRUE(ui.desktop.links[0].starts_with("mailto:") && ui.desktop.links[0].ends_with("?Subject=Feedback"));
+    EXPECT_TRUE(ui.desktop.links[1].starts_with("http"));
+    EXPECT_EQ(ui.desktop.links[2], ui.desktop.links[1]);
+}
+
 TEST(MainWindowUi, ClosingTheWindowEndsATrackListRunWaitingInsideStart) {
     UiWindow ui;
     ui.typeInto({{Ctl::txtX, "1"}, {Ctl::txtY, "1"}, {Ctl::txtSeconds, "60"}});
