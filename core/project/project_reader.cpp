@@ -231,13 +231,14 @@ bool ProjectReader::readPixels(RowPicture& picture, std::int32_t lastX, std::int
 
 // The row pictures, as far as they were read, lie over the window's current picture in
 // file order. They are laid from the last one back: in every column each covers a top
-// part, so a pixel that a later picture covers is never written twice.
+// part, so a pixel that a later picture covers is never written twice. None reaches past
+// the store: its reading stopped at the store's last column.
 void ProjectReader::applyOverlays() {
     std::vector<int> covered(kPictureSide, 0);
     for (auto overlay = overlays_.rbegin(); overlay != overlays_.rend(); ++overlay) {
         const RowPicture& picture = m_.rows.lRowPixels[static_cast<std::size_t>(overlay->row)];
         const std::size_t height = overlay->height;
-        for (int x = 0; x < kPictureSide && static_cast<std::size_t>(x) * height < overlay->pixels; ++x) {
+        for (int x = 0; static_cast<std::size_t>(x) * height < overlay->pixels; ++x) {
             const auto rows = static_cast<int>(std::min(height, overlay->pixels - static_cast<std::size_t>(x) * height));
             auto& done = covered[static_cast<std::size_t>(x)];
             for (int y = done; y < rows; ++y) m_.picture.pixel(x, y) = picture.at(x, y);
