@@ -2,8 +2,9 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <streambuf>
 
+#include "project/project_writer.h"
 #include "support/test_window.h"
 
 namespace quorlin::testing {
@@ -53,40 +54,9 @@ public:
         std::ifstream in(file, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(in), {});
     }
-    // The window of the example file, set up control by control.
-    void exampleWindow() {
-        w.frm.setCheck(C::chkRecImage, 1);
-        w.typeAll({{C::txtTopX, "10"}, {C::txtTopY, "20"}, {C::txtBottomX, "11"}, {C::txtBottomY, "21"},
-                   {C::txtCount, "5"}, {C::txtX, "200"}, {C::txtY, "150"}, {C::txtFromSec, "1"}, {C::txtToSec, "5"}});
-        w.frm.selectOption(C::optApplication);
-        ReferencePicture& p = m.picture;
-        p.iPicMaxX = p.iPicMaxY = 1;
-        p.pixel(0, 0) = 16777215;
-        p.pixel(0, 1) = 0;
-        p.pixel(1, 0) = 255;
-        p.pixel(1, 1) = 65280;
-        w.putRow(1, {"1", "200", "150", "Custom", "0:3:0", "Click", "5", "No", "", "No"});
-        w.putRow(2, {"2", "640", "300", "Random", "1:5", "DBClick", "2", "Yes", "hello", "Yes"});
-        RowPicture& rp = m.rows.lRowPixels[2];
-        rp.resize(0, 1);
-        rp.at(0, 0) = 16711680;
-        rp.at(0, 1) = 16777215;
-        m.rows.lRowInclude[2] = -1;
-        m.rows.lRowRect[2] = {100, 50, 100, 51};
-    }
 };
 
-TEST_F(ProjectFile, TheExampleSetupIsWrittenByteForByte) {
-    exampleWindow();
-    save();
-    EXPECT_EQ(saved(), kExampleFile);
-    EXPECT_EQ(w.dialogs.shown.back().title, "Load Attachement");
-    EXPECT_EQ(w.dialogs.shown.back().filterPattern, "*.tpl");
-    EXPECT_EQ(w.dialogs.shown.back().defaultExtension, "tpl");
-    EXPECT_EQ(m.fgResult.row(), 2);
-    EXPECT_EQ(m.fgResult.col(), 9);
-}
-
+// Loaded and saved back, the example file comes out byte for byte but for the picture.
 TEST_F(ProjectFile, TheExampleFileLoadsBackIntoTheSameWindow) {
     // Every value differs from the file's, so one the load leaves out shows in the save.
     for (Ctl o : {C::optImageNotInclude, C::optRandom, C::optWeb, C::optFromTrack, C::optLooptrack, C::optLoop,
@@ -101,15 +71,30 @@ TEST_F(ProjectFile, TheExampleFileLoadsBackIntoTheSameWindow) {
     EXPECT_EQ(m.step.ClickKind, "Click");
     EXPECT_EQ(m.fgResult.row(), 2);
     EXPECT_EQ(m.fgResult.col(), 9);
+    w.frm.fgResult_RowColChange(1, 0);
     save();
+    EXPECT_EQ(m.fgResult.row(), 2) << "the save walks the grid to its last cell";
+    EXPECT_EQ(m.fgResult.col(), 9);
+    const FileDialogSettings& dialog = w.dialogs.shown.back();
+    EXPECT_EQ((std::array{dialog.title, dialog.filterPattern, dialog.defaultExtension}),
+              (std::array<std::string, 3>{"Load Attachement", "*.tpl", "tpl"}));
     std::string overlaid = kExampleFile;
     overlaid.replace(overlaid.find("16777215\r\n0\r\n255"), 13, "16711680\r\n16777215\r\n");
     EXPECT_EQ(saved(), overlaid) << "the picture now holds the row picture where it reaches";
 }
 
+// A disk that fills up after `room` bytes.
+struct FullDisk : std::streambuf {
+    explicit FullDisk(std::size_t room) : bytes(room, '\0') { setp(bytes.data(), bytes.data() + room); }
+    std::string taken() const { return {pbase(), pptr()}; }
+    std::string bytes;
+};
+
 // Pictures of many megabytes are written in parts on several threads and read in one
-// pass; every pixel, of any width or sign, must come back where it was.
-TEST_F(ProjectFile, LargePicturesSurviveASaveAndALoadPixelForPixel) {
+// pass; every pixel, of any width or sign, must come back where it was. A write that fails
+// anywhere, in the lines or amid the pixels being formatted ahead, fails the save, and what
+// reached the disk is the project's own text up to there.
+TEST_F(ProjectFile, LargePicturesSurviveASaveAndALoadPixelForPixelOrFailWhereTheDiskFills) {
     const Colour edges[] = {0, 9, 10, 99, 9999, 10000, 99999999, 100000000, -1, -2147483647 - 1, 2147483647};
     const auto colour = [&](std::size_t i, int salt) {
         return i % 97 < std::size(edges) ? edges[i % 97] : static_cast<Colour>((i + salt) * 40503u & 0xFFFFFF);
@@ -122,6 +107,13 @@ TEST_F(ProjectFile, LargePicturesSurviveASaveAndALoadPixelForPixel) {
     rp.resize(999, 1000);
     for (std::size_t i = 0; i < rp.pixels.size(); ++i) rp.pixels[i] = colour(i, 1);
     save();
+    const std::string text = saved();
+    for (std::size_t room : {std::size_t{0}, std::size_t{10}, text.size() / 3, text.size() - 1}) {
+        FullDisk disk(room);
+        std::ostream out(&disk);
+        EXPECT_FALSE(ProjectWriter(out).write(m)) << room;
+        EXPECT_EQ(disk.taken(), text.substr(0, room)) << room;
+    }
 
     TestWindow other;
     other.dialogs.answers.push(file.string());
