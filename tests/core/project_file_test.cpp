@@ -133,14 +133,14 @@ TEST_F(ProjectFile, TextsSurviveASaveAndALoadInTheCodePage) {
     w.frm.setCheck(C::chkText, 1);
     w.type(C::txtText, "Grüße\r\nline two\r\n");
     w.frm.cmdAddtoList_Click();
-    w.type(C::txtX, "€5Ÿ\xC2\xA0");  // the last is a no-break space
+    w.type(C::txtX, "€5Ÿ\xC2\xA0ÿ");  // a no-break space before the last letter of the code page
     w.type(C::txtY, "a\xE2\x86\x92" "b\xF0\x9F\x98\x80" "c");  // an arrow, a face: not in the code page
     const std::string longX(1 << 20 | 1, 'x'), longText((1 << 20) + 9, 'y');
     w.putRow(2, {"2", longX, "0", "Custom", "0:3:0", "Click", "1", "Yes", longText, "No"});
     save();
     const std::string bytes = saved();
     EXPECT_NE(bytes.find("Gr\xFC\xDF" "e\nline two\n\r\n"), std::string::npos);
-    EXPECT_NE(bytes.find("\r\n\x80" "5\x9F\xA0\r\na?b?c\r\n"), std::string::npos);
+    EXPECT_NE(bytes.find("\r\n\x80" "5\x9F\xA0\xFF\r\na?b?c\r\n"), std::string::npos);
     EXPECT_NE(bytes.find(lines({longX.c_str(), "0", "Custom", "0:3:0", "Click", "1", "Yes", longText.c_str(), "No"})),
               std::string::npos);
 
@@ -149,7 +149,7 @@ TEST_F(ProjectFile, TextsSurviveASaveAndALoadInTheCodePage) {
     other.frm.cmdLoad_Click();
     EXPECT_EQ(other.text(C::txtText), "Grüße\r\nline two\r\n");
     EXPECT_EQ(other.model().fgResult.cell(1, colText), "Grüße\r\nline two\r\n");
-    EXPECT_EQ(other.text(C::txtX), "€5Ÿ\xC2\xA0");
+    EXPECT_EQ(other.text(C::txtX), "€5Ÿ\xC2\xA0ÿ");
     EXPECT_EQ(other.model().fgResult.cell(2, colText), longText);
 }
 
@@ -248,6 +248,8 @@ const LoadCase kLoads[] = {
     {"ACheckLineOfTextStops", imageOff({"True", "False", "", "", "", "", "x"}) + runSettings(),
      [](ProjectFile& t) { EXPECT_EQ(t.w.text(C::txtY), "keep"); },
      [](ProjectFile& t) { t.w.type(C::txtY, "keep"); }},
+    {"ATypingCheckLineOfTextStops", imageOff() + "False\r\nTrue\r\nTrue\r\nx\r\n" + runSettings().substr(22),
+     [](ProjectFile& t) { EXPECT_FALSE(t.m.vFirstRowUsed) << "no record is read after the run settings failed"; }},
     {"CornersTakeTheLeadingNumberAndStopOutsideSixteenBits",
      imageOff({"True", "False", "12abc", "40000", "", "", "0"}) + runSettings(), [](ProjectFile& t) {
          EXPECT_EQ(t.w.text(C::txtTopX), "12abc");
@@ -271,6 +273,17 @@ const LoadCase kLoads[] = {
      [](ProjectFile& t) {
          EXPECT_EQ(t.m.pictureBox.pixel(1, 0), 7);
          EXPECT_EQ(t.m.pictureBox.pixel(1, 1), PictureBox::kBackground);
+         EXPECT_TRUE(t.w.form().selected(C::optApplication)) << "nothing after the picture was read";
+     },
+     [](ProjectFile& t) { t.w.frm.selectOption(C::optApplication); }},
+    {"APictureWiderThanTheStoreEndsTheLoad",
+     lines({"True", "False", "0", "0", "0", "0", "1", "1001", "0"}) + [] {
+         std::string pixels;
+         for (int x = 0; x <= 1000; ++x) pixels += "7\r\n";
+         return pixels;
+     }() + runSettings(),
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.m.picture.pixel(1000, 0), 7);
          EXPECT_EQ(t.w.text(C::txtX), "10") << "nothing after the picture was read";
      }},
     {"ARowPictureWiderThanTheStoreKeepsWhatFitsAndEndsTheLoad",
@@ -327,6 +340,15 @@ const LoadCase kLoads[] = {
          EXPECT_EQ(t.w.text(C::txtBottomY), "4");
          EXPECT_EQ(t.w.text(C::txtText), "");
          EXPECT_EQ(t.w.text(C::txtTrackNum), "1") << "nothing after the long line was read";
+     }},
+    // The text's lone LF is kept because its CR LF ends exactly where the longest line does;
+    // the file's last line needs no line end, however far into the file it comes.
+    {"ATextRunsOnToACrLfAtTheLongestLineAndTheLastLineNeedsNoEnd",
+     imageOff() + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + std::string((16 << 20) - 3, 'b') + "\r\n" +
+         runSettings().substr(24) + record("1").substr(0, record("1").size() - 2),
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.w.text(C::txtText).size(), std::size_t{16} << 20);
+         EXPECT_TRUE(t.m.vFirstRowUsed);
      }},
     {"ARecordWithoutImageReadsFollowingPictureLinesAsTheNextRecord",
      imageOff() + runSettings() + record("1") + lines({"0", "0", "255", "-1", "1", "2", "1", "2"}), [](ProjectFile& t) {

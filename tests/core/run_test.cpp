@@ -344,6 +344,7 @@ TEST_F(TrackRun, TheGateNeedsAnEntryOrANumberOneWithoutASourceOption) {
     w.frm.cmdStart_Click();
     EXPECT_EQ(w.messages(), std::vector<std::string>{"Input field are incorrect. Please enter a valid value."});
     EXPECT_TRUE(w.clock.intervals.empty());
+    EXPECT_EQ(w.model().fgResult.row(), 1) << "even a refused run starts at the first row";
 
     add("1", "1");
     w.model().setEntryCells(1, {"01", "1", "0", "Custom", "0:1:0", "Click", "1", "No", "", "No"});
