@@ -341,13 +341,17 @@ const LoadCase kLoads[] = {
          EXPECT_EQ(t.w.text(C::txtText), "");
          EXPECT_EQ(t.w.text(C::txtTrackNum), "1") << "nothing after the long line was read";
      }},
-    // The text's lone LF is kept because its CR LF ends exactly where the longest line does;
-    // the file's last line needs no line end, however far into the file it comes.
-    {"ATextRunsOnToACrLfAtTheLongestLineAndTheLastLineNeedsNoEnd",
+    {"ALoneLfStaysInATextWhoseCrLfEndsWhereTheLongestLineDoes",
      imageOff() + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + std::string((16 << 20) - 3, 'b') + "\r\n" +
-         runSettings().substr(24) + record("1").substr(0, record("1").size() - 2),
+         runSettings().substr(24),
+     [](ProjectFile& t) { EXPECT_EQ(t.w.text(C::txtText).size(), std::size_t{16} << 20); }},
+    {"TheLastLineNeedsNoEndEvenAfterMebibytesOfLoneLfLines",
+     imageOff() + runSettings() +
+         lines({"1", "1", "1", "Custom", "0:3:0", "Click", "1", "Yes", std::string(9 << 20, 'x').c_str(), "No", "True"},
+               "\n") +
+         "No",
      [](ProjectFile& t) {
-         EXPECT_EQ(t.w.text(C::txtText).size(), std::size_t{16} << 20);
+         EXPECT_EQ(t.m.fgResult.cell(1, colText).size(), std::size_t{9} << 20);
          EXPECT_TRUE(t.m.vFirstRowUsed);
      }},
     {"ARecordWithoutImageReadsFollowingPictureLinesAsTheNextRecord",
