@@ -82,8 +82,6 @@ const StepCase kSteps[] = {
      6 * kKeyPause + kLong},
     {"DoubleClickNeverTypesOrPauses", C::optDbClick, C::optWeb, {100, 200}, "x",
      {{kDown, 1, 0, 0}, {kUp, 0, 0, 0}, {kDbl, 1, 0, 0}, {kUp, 0, 0, 0}}, 0},
-    {"DoubleClickInApplicationMode", C::optDbClick, C::optApplication, {100, 200}, "",
-     {{kDown, 1, 0, 0}, {kUp, 0, 0, 0}, {kDbl, 1, 0, 0}, {kUp, 0, 0, 0}}, 0},
     {"RightClickAtTheClientOrigin", C::optRightClick, C::optWeb, {100, 200}, "x",
      {{kRDown, 2, 0, 0}, {kRUp, 0, 0, 0}}, 0},
     {"RightClickLeftOfTheClientAreaOnlyReleases", C::optRightClick, C::optWeb, {105, 190}, "",
