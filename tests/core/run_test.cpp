@@ -9,17 +9,12 @@ namespace {
 
 using C = Ctl;
 
-struct Msg {
-    std::uint32_t code;
-    std::uint32_t wParam;
-    std::uint32_t lParam;
-    long passesBefore;  // pump passes made before the message was posted
-    friend bool operator==(const Msg&, const Msg&) = default;
-};
+// A posted message's code, wParam and lParam, and the pump passes made before it was posted.
+using Msg = std::tuple<std::uint32_t, std::uint32_t, std::uint32_t, long>;
 
 std::vector<Msg> sent(const FakeDesktop& d) {
     std::vector<Msg> out;
-    for (const auto& m : d.posted) out.push_back({m.code, m.wParam, m.lParam, m.pumpPassesBefore});
+    for (const auto& m : d.posted) out.emplace_back(m.code, m.wParam, m.lParam, m.pumpPassesBefore);
     return out;
 }
 
@@ -259,6 +254,27 @@ TEST_F(ManualRun, RandomIntervalsAreDrawnAtStartAndAfterEveryEndlessClick) {
     random("10", "100000", {0.9});
     w.clock.advanceBy(700);
     EXPECT_EQ(w.clock.interval(TimerId::tmrLoop), 65535) << "a re-draw beyond the limit is cut to it";
+}
+
+TEST_F(ManualRun, ClicksOnlyWhileTheScreenShowsThePictureAndFollowsTheImageRuleLive) {
+    Colour shown = 0x123456;
+    w.screen.pixelAt = [&](int, int) { return shown; };
+    w.typeAll({{C::txtTopX, "0"}, {C::txtTopY, "0"}, {C::txtBottomX, "1"}, {C::txtBottomY, "1"}});
+    w.frm.selectOption(C::optLoop);
+    w.frm.setCheck(C::chkRecImage, 1);
+    w.frm.cmdGetPic_Click();
+    w.frm.cmdStart_Click();
+    w.clock.advanceBy(1000);
+    EXPECT_EQ(w.clicks(), 1u);
+    shown = 0;
+    w.clock.advanceBy(1000);
+    EXPECT_EQ(w.clicks(), 1u);
+    w.frm.selectOption(C::optImageNotInclude);
+    w.clock.advanceBy(1000);
+    EXPECT_EQ(w.clicks(), 2u);
+    w.frm.setCheck(C::chkRecImage, 0);  // counts from the next Start
+    w.clock.advanceBy(1000);
+    EXPECT_EQ(w.screen.reads.size(), 1u + 4u);
 }
 
 // A track-list run, played once unless told otherwise, over entries written straight into the grid.
