@@ -158,7 +158,8 @@ TEST_F(ManualRun, CustomIntervalsAreArmedRoundedOrRefused) {
          {Case{"1", "0", "0", 60000, nullptr}, {"1", "5", "535", 65535, nullptr},
           {"1", "5", "536", 0, "Maximum interval is 1 minute"}, {"0", "1.5", "0", 1500, nullptr},
           {"0", "0", "2.5", 2, nullptr}, {"0", "0", "3.5", 4, nullptr}, {"0", "0", "0", 0, nullptr},
-          {"0", "0", "-0.5", 0, nullptr}, {"0", "0", "-5", 0, "Error in input"}, {"0", "-1", "0", 0, "Error in input"}}) {
+          {"0", "0", "-0.5", 0, nullptr}, {"0", "0", "-5", 0, "Error in input"},
+          {"0", "-1", "0", 0, "Error in input"}}) {
         TestWindow fresh;
         fresh.typeAll({{C::txtX, "1"}, {C::txtY, "1"}, {C::txtMinutes, minutes}, {C::txtSeconds, seconds},
                        {C::txtMiliseconds, ms}});

@@ -130,7 +130,8 @@ TEST(SpinButtons, StepFromTheBuddysNumberWithinTheirRange) {
 TEST(HelpReadoutAndLinks, ShowTheHelpFollowTheCursorAndOpenTheLinks) {
     TestWindow w;
     const auto shown = [&] {
-        return std::array{w.form().visible(C::cmdStart), w.form().visible(C::txtComments), w.form().visible(C::txtComm2)};
+        const EntryForm& f = w.form();
+        return std::array{f.visible(C::cmdStart), f.visible(C::txtComments), f.visible(C::txtComm2)};
     };
     EXPECT_EQ(shown(), (std::array{true, false, false}));
     w.frm.cmdHelp_Click();

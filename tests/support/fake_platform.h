@@ -124,8 +124,9 @@ private:
         auto next = timers_.end();
         for (auto it = timers_.begin(); it != timers_.end(); ++it)
             if (it->second.interval > 0 && (next == timers_.end() || it->second.due < next->second.due)) next = it;
-        const bool planned = !planned_.empty() && (next == timers_.end() || planned_.begin()->first <= next->second.due);
-        if (!planned && next == timers_.end()) return false;
+        const bool noTimer = next == timers_.end();
+        const bool planned = !planned_.empty() && (noTimer || planned_.begin()->first <= next->second.due);
+        if (!planned && noTimer) return false;
         const long when = planned ? planned_.begin()->first : next->second.due;
         if (limit && when > *limit) return false;
         now = std::max(now, when);
