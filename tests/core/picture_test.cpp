@@ -58,19 +58,17 @@ TEST_F(Capture, KeepsLeftoversOffScreenPixelsAndReversedEdges) {
     EXPECT_EQ(lastIndices(), std::pair(0, 0)) << "a single pixel leaves extents of zero";
 }
 
-struct Refusal {
-    std::array<const char*, 4> corners;
-    const char* message;
-};
+// The four corner fields and the message shown.
+using Refusal = std::pair<std::array<const char*, 4>, const char*>;
 
 class CaptureRefusal : public Capture, public ::testing::WithParamInterface<Refusal> {};
 
 TEST_P(CaptureRefusal, ReadsNothingAndKeepsTheOldPicture) {
     capture("1", "1", "2", "2");
     w.screen.reads.clear();
-    const auto& c = GetParam().corners;
+    const auto& [c, message] = GetParam();
     capture(c[0], c[1], c[2], c[3]);
-    EXPECT_EQ(w.messages(), std::vector<std::string>{GetParam().message});
+    EXPECT_EQ(w.messages(), std::vector<std::string>{message});
     EXPECT_TRUE(w.screen.reads.empty());
     EXPECT_EQ((std::array{picture.iTopX, picture.iBottomY}), (std::array<std::int16_t, 2>{1, 2}));
 }
@@ -132,30 +130,6 @@ TEST_F(ImageConditionTest, NoImageReversedRectanglesAndTheStoreEdges) {
     EXPECT_TRUE(met(true)) << "the widest picture the store holds can match";
     step.rect = {0, 0, 1001, 0};
     EXPECT_FALSE(met(true)) << "a pixel beyond the store never matches";
-}
-
-TEST(ManualRunImageCondition, ClicksOnlyWhileTheScreenShowsThePictureAndFollowsTheRuleLive) {
-    TestWindow w;
-    Colour shown = 0x123456;
-    w.screen.pixelAt = [&](int, int) { return shown; };
-    w.typeAll({{C::txtX, "1"}, {C::txtY, "1"}, {C::txtTopX, "0"}, {C::txtTopY, "0"}, {C::txtBottomX, "1"},
-               {C::txtBottomY, "1"}});
-    w.frm.selectOption(C::optApplication);
-    w.frm.selectOption(C::optLoop);
-    w.frm.setCheck(C::chkRecImage, 1);
-    w.frm.cmdGetPic_Click();
-    w.frm.cmdStart_Click();
-    w.clock.advanceBy(3000);
-    EXPECT_EQ(w.clicks(), 1u);
-    shown = 0;
-    w.clock.advanceBy(3000);
-    EXPECT_EQ(w.clicks(), 1u);
-    w.frm.selectOption(C::optImageNotInclude);
-    w.clock.advanceBy(3000);
-    EXPECT_EQ(w.clicks(), 2u);
-    w.frm.setCheck(C::chkRecImage, 0);  // counts from the next Start
-    w.clock.advanceBy(3000);
-    EXPECT_EQ(w.screen.reads.size(), 1u + 4u);
 }
 
 }  // namespace

@@ -2,8 +2,9 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <streambuf>
 
+#include "project/project_writer.h"
 #include "support/test_window.h"
 
 namespace quorlin::testing {
@@ -53,40 +54,9 @@ public:
         std::ifstream in(file, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(in), {});
     }
-    // The window of the example file, set up control by control.
-    void exampleWindow() {
-        w.frm.setCheck(C::chkRecImage, 1);
-        w.typeAll({{C::txtTopX, "10"}, {C::txtTopY, "20"}, {C::txtBottomX, "11"}, {C::txtBottomY, "21"},
-                   {C::txtCount, "5"}, {C::txtX, "200"}, {C::txtY, "150"}, {C::txtFromSec, "1"}, {C::txtToSec, "5"}});
-        w.frm.selectOption(C::optApplication);
-        ReferencePicture& p = m.picture;
-        p.iPicMaxX = p.iPicMaxY = 1;
-        p.pixel(0, 0) = 16777215;
-        p.pixel(0, 1) = 0;
-        p.pixel(1, 0) = 255;
-        p.pixel(1, 1) = 65280;
-        w.putRow(1, {"1", "200", "150", "Custom", "0:3:0", "Click", "5", "No", "", "No"});
-        w.putRow(2, {"2", "640", "300", "Random", "1:5", "DBClick", "2", "Yes", "hello", "Yes"});
-        RowPicture& rp = m.rows.lRowPixels[2];
-        rp.resize(0, 1);
-        rp.at(0, 0) = 16711680;
-        rp.at(0, 1) = 16777215;
-        m.rows.lRowInclude[2] = -1;
-        m.rows.lRowRect[2] = {100, 50, 100, 51};
-    }
 };
 
-TEST_F(ProjectFile, TheExampleSetupIsWrittenByteForByte) {
-    exampleWindow();
-    save();
-    EXPECT_EQ(saved(), kExampleFile);
-    EXPECT_EQ(w.dialogs.shown.back().title, "Load Attachement");
-    EXPECT_EQ(w.dialogs.shown.back().filterPattern, "*.tpl");
-    EXPECT_EQ(w.dialogs.shown.back().defaultExtension, "tpl");
-    EXPECT_EQ(m.fgResult.row(), 2);
-    EXPECT_EQ(m.fgResult.col(), 9);
-}
-
+// Loaded and saved back, the example file comes out byte for byte but for the picture.
 TEST_F(ProjectFile, TheExampleFileLoadsBackIntoTheSameWindow) {
     // Every value differs from the file's, so one the load leaves out shows in the save.
     for (Ctl o : {C::optImageNotInclude, C::optRandom, C::optWeb, C::optFromTrack, C::optLooptrack, C::optLoop,
@@ -101,15 +71,30 @@ TEST_F(ProjectFile, TheExampleFileLoadsBackIntoTheSameWindow) {
     EXPECT_EQ(m.step.ClickKind, "Click");
     EXPECT_EQ(m.fgResult.row(), 2);
     EXPECT_EQ(m.fgResult.col(), 9);
+    w.frm.fgResult_RowColChange(1, 0);
     save();
+    EXPECT_EQ(m.fgResult.row(), 2) << "the save walks the grid to its last cell";
+    EXPECT_EQ(m.fgResult.col(), 9);
+    const FileDialogSettings& dialog = w.dialogs.shown.back();
+    EXPECT_EQ((std::array{dialog.title, dialog.filterPattern, dialog.defaultExtension}),
+              (std::array<std::string, 3>{"Load Attachement", "*.tpl", "tpl"}));
     std::string overlaid = kExampleFile;
     overlaid.replace(overlaid.find("16777215\r\n0\r\n255"), 13, "16711680\r\n16777215\r\n");
     EXPECT_EQ(saved(), overlaid) << "the picture now holds the row picture where it reaches";
 }
 
+// A disk that fills up after `room` bytes.
+struct FullDisk : std::streambuf {
+    explicit FullDisk(std::size_t room) : bytes(room, '\0') { setp(bytes.data(), bytes.data() + room); }
+    std::string taken() const { return {pbase(), pptr()}; }
+    std::string bytes;
+};
+
 // Pictures of many megabytes are written in parts on several threads and read in one
-// pass; every pixel, of any width or sign, must come back where it was.
-TEST_F(ProjectFile, LargePicturesSurviveASaveAndALoadPixelForPixel) {
+// pass; every pixel, of any width or sign, must come back where it was. A write that fails
+// anywhere, in the lines or amid the pixels being formatted ahead, fails the save, and what
+// reached the disk is the project's own text up to there.
+TEST_F(ProjectFile, LargePicturesSurviveASaveAndALoadPixelForPixelOrFailWhereTheDiskFills) {
     const Colour edges[] = {0, 9, 10, 99, 9999, 10000, 99999999, 100000000, -1, -2147483647 - 1, 2147483647};
     const auto colour = [&](std::size_t i, int salt) {
         return i % 97 < std::size(edges) ? edges[i % 97] : static_cast<Colour>((i + salt) * 40503u & 0xFFFFFF);
@@ -122,6 +107,13 @@ TEST_F(ProjectFile, LargePicturesSurviveASaveAndALoadPixelForPixel) {
     rp.resize(999, 1000);
     for (std::size_t i = 0; i < rp.pixels.size(); ++i) rp.pixels[i] = colour(i, 1);
     save();
+    const std::string text = saved();
+    for (std::size_t room : {std::size_t{0}, std::size_t{10}, text.size() / 3, text.size() - 1}) {
+        FullDisk disk(room);
+        std::ostream out(&disk);
+        EXPECT_FALSE(ProjectWriter(out).write(m)) << room;
+        EXPECT_EQ(disk.taken(), text.substr(0, room)) << room;
+    }
 
     TestWindow other;
     other.dialogs.answers.push(file.string());
@@ -141,14 +133,14 @@ TEST_F(ProjectFile, TextsSurviveASaveAndALoadInTheCodePage) {
     w.frm.setCheck(C::chkText, 1);
     w.type(C::txtText, "Grüße\r\nline two\r\n");
     w.frm.cmdAddtoList_Click();
-    w.type(C::txtX, "€5Ÿ\xC2\xA0");  // the last is a no-break space
+    w.type(C::txtX, "€5Ÿ\xC2\xA0ÿ");  // a no-break space before the last letter of the code page
     w.type(C::txtY, "a\xE2\x86\x92" "b\xF0\x9F\x98\x80" "c");  // an arrow, a face: not in the code page
     const std::string longX(1 << 20 | 1, 'x'), longText((1 << 20) + 9, 'y');
     w.putRow(2, {"2", longX, "0", "Custom", "0:3:0", "Click", "1", "Yes", longText, "No"});
     save();
     const std::string bytes = saved();
     EXPECT_NE(bytes.find("Gr\xFC\xDF" "e\nline two\n\r\n"), std::string::npos);
-    EXPECT_NE(bytes.find("\r\n\x80" "5\x9F\xA0\r\na?b?c\r\n"), std::string::npos);
+    EXPECT_NE(bytes.find("\r\n\x80" "5\x9F\xA0\xFF\r\na?b?c\r\n"), std::string::npos);
     EXPECT_NE(bytes.find(lines({longX.c_str(), "0", "Custom", "0:3:0", "Click", "1", "Yes", longText.c_str(), "No"})),
               std::string::npos);
 
@@ -157,7 +149,7 @@ TEST_F(ProjectFile, TextsSurviveASaveAndALoadInTheCodePage) {
     other.frm.cmdLoad_Click();
     EXPECT_EQ(other.text(C::txtText), "Grüße\r\nline two\r\n");
     EXPECT_EQ(other.model().fgResult.cell(1, colText), "Grüße\r\nline two\r\n");
-    EXPECT_EQ(other.text(C::txtX), "€5Ÿ\xC2\xA0");
+    EXPECT_EQ(other.text(C::txtX), "€5Ÿ\xC2\xA0ÿ");
     EXPECT_EQ(other.model().fgResult.cell(2, colText), longText);
 }
 
@@ -256,6 +248,8 @@ const LoadCase kLoads[] = {
     {"ACheckLineOfTextStops", imageOff({"True", "False", "", "", "", "", "x"}) + runSettings(),
      [](ProjectFile& t) { EXPECT_EQ(t.w.text(C::txtY), "keep"); },
      [](ProjectFile& t) { t.w.type(C::txtY, "keep"); }},
+    {"ATypingCheckLineOfTextStops", imageOff() + "False\r\nTrue\r\nTrue\r\nx\r\n" + runSettings().substr(22),
+     [](ProjectFile& t) { EXPECT_FALSE(t.m.vFirstRowUsed) << "no record is read after the run settings failed"; }},
     {"CornersTakeTheLeadingNumberAndStopOutsideSixteenBits",
      imageOff({"True", "False", "12abc", "40000", "", "", "0"}) + runSettings(), [](ProjectFile& t) {
          EXPECT_EQ(t.w.text(C::txtTopX), "12abc");
@@ -279,6 +273,17 @@ const LoadCase kLoads[] = {
      [](ProjectFile& t) {
          EXPECT_EQ(t.m.pictureBox.pixel(1, 0), 7);
          EXPECT_EQ(t.m.pictureBox.pixel(1, 1), PictureBox::kBackground);
+         EXPECT_TRUE(t.w.form().selected(C::optApplication)) << "nothing after the picture was read";
+     },
+     [](ProjectFile& t) { t.w.frm.selectOption(C::optApplication); }},
+    {"APictureWiderThanTheStoreEndsTheLoad",
+     lines({"True", "False", "0", "0", "0", "0", "1", "1001", "0"}) + [] {
+         std::string pixels;
+         for (int x = 0; x <= 1000; ++x) pixels += "7\r\n";
+         return pixels;
+     }() + runSettings(),
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.m.picture.pixel(1000, 0), 7);
          EXPECT_EQ(t.w.text(C::txtX), "10") << "nothing after the picture was read";
      }},
     {"ARowPictureWiderThanTheStoreKeepsWhatFitsAndEndsTheLoad",
@@ -335,6 +340,19 @@ const LoadCase kLoads[] = {
          EXPECT_EQ(t.w.text(C::txtBottomY), "4");
          EXPECT_EQ(t.w.text(C::txtText), "");
          EXPECT_EQ(t.w.text(C::txtTrackNum), "1") << "nothing after the long line was read";
+     }},
+    {"ALoneLfStaysInATextWhoseCrLfEndsWhereTheLongestLineDoes",
+     imageOff() + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + std::string((16 << 20) - 3, 'b') + "\r\n" +
+         runSettings().substr(24),
+     [](ProjectFile& t) { EXPECT_EQ(t.w.text(C::txtText).size(), std::size_t{16} << 20); }},
+    {"TheLastLineNeedsNoEndEvenAfterMebibytesOfLoneLfLines",
+     imageOff() + runSettings() +
+         lines({"1", "1", "1", "Custom", "0:3:0", "Click", "1", "Yes", std::string(9 << 20, 'x').c_str(), "No", "True"},
+               "\n") +
+         "No",
+     [](ProjectFile& t) {
+         EXPECT_EQ(t.m.fgResult.cell(1, colText).size(), std::size_t{9} << 20);
+         EXPECT_TRUE(t.m.vFirstRowUsed);
      }},
     {"ARecordWithoutImageReadsFollowingPictureLinesAsTheNextRecord",
      imageOff() + runSettings() + record("1") + lines({"0", "0", "255", "-1", "1", "2", "1", "2"}), [](ProjectFile& t) {

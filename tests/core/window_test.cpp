@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "form/entry_validation.h"
 #include "form/layout.h"
 #include "run/seeded_random.h"
@@ -91,7 +93,7 @@ TEST_P(Interlocks, SwitchTheirControls) {
 INSTANTIATE_TEST_SUITE_P(Changes, Interlocks, ::testing::ValuesIn(kInterlocks),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST(Interlocks, MirrorStepInputsAndResetOnlyTheCount) {
+TEST(Interlocks, ResetOnlyTheCountAndFollowDoubleClicksAndTheTopMostOption) {
     TestWindow w;
     w.type(C::txtCount, "5");
     w.frm.selectOption(C::optLoop);
@@ -99,19 +101,9 @@ TEST(Interlocks, MirrorStepInputsAndResetOnlyTheCount) {
     w.frm.selectOption(C::optCount);
     EXPECT_EQ(w.text(C::txtCount), "1");
 
-    w.frm.selectOption(C::optDbClick);
-    EXPECT_EQ(w.model().step.ClickKind, "DBClick");
     w.frm.selectOption(C::optRightClick);
-    EXPECT_EQ(w.model().step.ClickKind, "RightClick");
     w.frm.optionDoubleClicked(C::optClick);
-    EXPECT_EQ(w.model().step.ClickKind, "Click");
-
-    w.frm.setCheck(C::chkText, 1);
-    w.type(C::txtText, "hi\r\nthere");
-    EXPECT_TRUE(w.model().step.bTypeText);
-    EXPECT_EQ(w.model().step.sTypeText, "hi\r\nthere");
-    w.frm.setCheck(C::chkText, 0);
-    EXPECT_FALSE(w.model().step.bTypeText);
+    EXPECT_EQ(w.model().step.ClickKind, "Click") << "a double click on an option does what its click does";
 
     w.frm.selectOption(C::optNotOnTop);
     w.frm.selectOption(C::optTopMost);
@@ -121,26 +113,29 @@ TEST(Interlocks, MirrorStepInputsAndResetOnlyTheCount) {
 
 TEST(SpinButtons, StepFromTheBuddysNumberWithinTheirRange) {
     TestWindow w;
-    struct Press {
-        Ctl spin;
-        Ctl buddy;
-        const char* before;
-        int direction;
-        const char* after;
-    };
-    for (Press p : {Press{C::UpDown2, C::txtMinutes, "0", +1, "1"}, {C::UpDown2, C::txtMinutes, "1", +1, "1"},
-                    {C::UpDown3, C::txtSeconds, "75", -1, "60"}, {C::UpDown3, C::txtSeconds, "0", -1, "0"},
-                    {C::UpDown3, C::txtSeconds, "60", +1, "60"}, {C::UpDown4, C::txtMiliseconds, "600", +1, "600"},
-                    {C::UpDown4, C::txtMiliseconds, "0", -1, "0"}, {C::UpDown4, C::txtMiliseconds, "abc", +1, "1"},
-                    {C::UpDown4, C::txtMiliseconds, "2.5", +1, "3"}}) {
-        w.type(p.buddy, p.before);
-        w.frm.spinButton(p.spin, p.direction);
-        EXPECT_EQ(w.text(p.buddy), p.after) << p.before;
+    // the spin button, its buddy field, the text before, the arrow, the text after
+    using Press = std::tuple<Ctl, Ctl, const char*, int, const char*>;
+    for (auto [spin, buddy, before, direction, after] :
+         {Press{C::UpDown2, C::txtMinutes, "0", +1, "1"}, {C::UpDown2, C::txtMinutes, "1", +1, "1"},
+          {C::UpDown3, C::txtSeconds, "75", -1, "60"}, {C::UpDown3, C::txtSeconds, "0", -1, "0"},
+          {C::UpDown3, C::txtSeconds, "60", +1, "60"}, {C::UpDown4, C::txtMiliseconds, "600", +1, "600"},
+          {C::UpDown4, C::txtMiliseconds, "0", -1, "0"}, {C::UpDown4, C::txtMiliseconds, "abc", +1, "1"},
+          {C::UpDown4, C::txtMiliseconds, "2.5", +1, "3"}}) {
+        w.type(buddy, before);
+        w.frm.spinButton(spin, direction);
+        EXPECT_EQ(w.text(buddy), after) << before;
     }
 }
 
-TEST(ReadoutAndLinks, FollowTheCursorAndOpenTheLinks) {
+TEST(HelpReadoutAndLinks, ShowTheHelpFollowTheCursorAndOpenTheLinks) {
     TestWindow w;
+    const auto shown = [&] {
+        const EntryForm& f = w.form();
+        return std::array{f.visible(C::cmdStart), f.visible(C::txtComments), f.visible(C::txtComm2)};
+    };
+    EXPECT_EQ(shown(), (std::array{true, false, false}));
+    w.frm.cmdHelp_Click();
+    EXPECT_EQ(shown(), (std::array{true, true, true}));
     w.desktop.cursor = {-200, 0};
     w.clock.setInterval(TimerId::timer, 1);
     w.clock.advanceBy(1);

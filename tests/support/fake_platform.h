@@ -89,12 +89,7 @@ public:
 
     void pumpOnce() override {
         ++passes;
-        auto it = atPass_.find(passes);
-        if (it != atPass_.end()) {
-            auto action = std::move(it->second);
-            atPass_.erase(it);
-            action();
-        }
+        if (!atPass_.empty() && atPass_.begin()->first == passes) runFirst(atPass_);
     }
     // Sleeps until the next timer or planned action is due and handles it.
     void waitForEvents() override {
@@ -124,30 +119,27 @@ private:
         long due = 0;
     };
 
+    // The earliest of the next due tick and the next planned action; false when none is due by the limit.
     bool fireNext(std::optional<long> limit) {
-        std::optional<TimerId> nextTimer;
-        long nextDue = 0;
-        for (auto& [id, t] : timers_) {
-            if (t.interval <= 0) continue;
-            if (!nextTimer || t.due < nextDue) {
-                nextTimer = id;
-                nextDue = t.due;
-            }
-        }
-        bool planned = !planned_.empty() && (!nextTimer || planned_.begin()->first <= nextDue);
-        long when = planned ? planned_.begin()->first : nextDue;
-        if (!planned && !nextTimer) return false;
+        auto next = timers_.end();
+        for (auto it = timers_.begin(); it != timers_.end(); ++it)
+            if (it->second.interval > 0 && (next == timers_.end() || it->second.due < next->second.due)) next = it;
+        const bool noTimer = next == timers_.end();
+        const bool planned = !planned_.empty() && (noTimer || planned_.begin()->first <= next->second.due);
+        if (!planned && noTimer) return false;
+        const long when = planned ? planned_.begin()->first : next->second.due;
         if (limit && when > *limit) return false;
         now = std::max(now, when);
-        if (planned) {
-            auto action = std::move(planned_.begin()->second);
-            planned_.erase(planned_.begin());
-            action();
-        } else {
-            Timer& t = timers_[*nextTimer];
-            t.due = now + t.interval;
-            if (onTick) onTick(*nextTimer);
-        }
+        if (planned) return runFirst(planned_);
+        next->second.due = now + next->second.interval;
+        if (onTick) onTick(next->first);
+        return true;
+    }
+    template <typename Actions>
+    static bool runFirst(Actions& actions) {
+        auto action = std::move(actions.begin()->second);
+        actions.erase(actions.begin());
+        action();
         return true;
     }
 
@@ -155,6 +147,14 @@ private:
     std::map<long, std::function<void()>> atPass_;
     std::multimap<long, std::function<void()>> planned_;
 };
+
+template <typename T>
+T takeFront(std::queue<T>& queue, T otherwise) {
+    if (queue.empty()) return otherwise;
+    T front = std::move(queue.front());
+    queue.pop();
+    return front;
+}
 
 class FakeDialogs : public Dialogs {
 public:
@@ -169,10 +169,7 @@ public:
 private:
     std::optional<std::string> answer(const FileDialogSettings& s) {
         shown.push_back(s);
-        if (answers.empty()) return std::nullopt;
-        auto a = answers.front();
-        answers.pop();
-        return a;
+        return takeFront(answers, std::optional<std::string>());
     }
 };
 
@@ -180,12 +177,7 @@ private:
 class ScriptedRandom : public RandomSource {
 public:
     std::queue<double> values;
-    double next() override {
-        if (values.empty()) return 0.0;
-        double v = values.front();
-        values.pop();
-        return v;
-    }
+    double next() override { return takeFront(values, 0.0); }
 };
 
 }  // namespace quorlin::testing
