@@ -3,6 +3,7 @@
 #include <string>
 
 #include "text/colon_split.h"
+#include "text/value_of_text.h"
 
 namespace quorlin {
 
@@ -58,11 +59,15 @@ void RowLoader::loadImage() {
     m_.form.selectOption(m_.rows.lRowInclude[r] == -1 ? C::optImageInclude : C::optImageNotInclude);
     const auto& rect = m_.rows.lRowRect[r];
     for (std::size_t i = 0; i < rect.size(); ++i) m_.form.setText(kRectangleFields[i], std::to_string(rect[i]));
+    // A corner beyond 16 bits, as only a file edited by hand can hold, is no picture
+    // corner: the row's loading ends there rather than wrap it to another place.
     ReferencePicture& picture = m_.picture;
-    picture.iTopX = static_cast<std::int16_t>(rect[0]);
-    picture.iTopY = static_cast<std::int16_t>(rect[1]);
-    picture.iBottomX = static_cast<std::int16_t>(rect[2]);
-    picture.iBottomY = static_cast<std::int16_t>(rect[3]);
+    std::int16_t* const corners[] = {&picture.iTopX, &picture.iTopY, &picture.iBottomX, &picture.iBottomY};
+    for (std::size_t i = 0; i < rect.size(); ++i) {
+        const auto corner = toInt16(rect[i]);
+        if (!corner) return;
+        *corners[i] = *corner;
+    }
 }
 
 // Painted over what the box shows: the box is not cleared first.

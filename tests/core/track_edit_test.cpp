@@ -310,6 +310,13 @@ TEST_F(TrackEdit, AnImageRowBecomesTheReferencePictureARowWithoutImageForgetsOnl
     EXPECT_EQ(m.pictureBox.pixel(3, 2), PictureBox::kBackground);
     EXPECT_EQ(w.texts({C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}), std::vector<std::string>(4));
     EXPECT_EQ(w.form().value(C::chkRecImage), 0);
+
+    m.rows.lRowRect[1] = {-5, 6, 100000, 9};  // as a file edited by hand may hold it
+    w.frm.fgResult_Click(1, 0);
+    EXPECT_EQ(w.texts({C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}),
+              (std::vector<std::string>{"-5", "6", "100000", "9"}));
+    EXPECT_EQ((std::array{m.picture.iTopX, m.picture.iTopY, m.picture.iBottomX, m.picture.iBottomY}),
+              (std::array<std::int16_t, 4>{-5, 6, 0, 0})) << "the loading ends at the corner beyond 16 bits";
 }
 
 TEST_F(TrackEdit, TheHeaderRowIsNoEntryAndTheBlankRowLoadsAnEmptyPointAndTakesAnUpdate) {
