@@ -123,6 +123,9 @@ TEST_F(ImageConditionTest, NoImageReversedRectanglesAndTheStoreEdges) {
 
     step = {true, {12, 20, 10, 21}};
     EXPECT_TRUE(met(true) && !met(false)) << "a reversed rectangle compares nothing";
+    step = {true, {10, 20, 10, 21}};
+    screen.pixelAt = [](int, int) { return 0x777777; };
+    EXPECT_FALSE(met(true)) << "a rectangle one pixel wide is compared too";
 
     picture = ReferencePicture{};
     screen.pixelAt = [](int, int) { return 0; };

@@ -338,9 +338,10 @@ const LoadCase kLoads[] = {
          std::string(16 << 20 | 1, '7') + "\r\n" + runSettings().substr(24),
      [](ProjectFile& t) {
          EXPECT_EQ(t.w.text(C::txtBottomY), "4");
-         EXPECT_EQ(t.w.text(C::txtText), "");
+         EXPECT_EQ(t.w.text(C::txtText), "kept");
          EXPECT_EQ(t.w.text(C::txtTrackNum), "1") << "nothing after the long line was read";
-     }},
+     },
+     [](ProjectFile& t) { t.w.type(C::txtText, "kept"); }},
     {"ALoneLfStaysInATextWhoseCrLfEndsWhereTheLongestLineDoes",
      imageOff() + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + std::string((16 << 20) - 3, 'b') + "\r\n" +
          runSettings().substr(24),
