@@ -162,6 +162,7 @@ TEST(WindowLayout, StaysAsDescribedControlForControl) {
     }
     EXPECT_EQ(windowLayout().size(), 72u);
     EXPECT_EQ(digest, 4519930299312001554ull);
+    EXPECT_EQ((std::pair{kClientWidthTwips, kClientHeightTwips}), (std::pair{6825, 9345}));
 }
 
 // Every start of the program draws the same sequence: the Mersenne twister from seed 5489,
