@@ -80,8 +80,8 @@ DecimalScan scanDecimal(Cursor& in, std::string_view text, std::string_view loca
             in.advance();
         }
     };
+    // The digits' last look ahead has passed over the blanks before the separator.
     digits();
-    in.peek();
     if (takeSeparator(in, text, ".") || takeSeparator(in, text, localeSeparator)) {
         scan.plain += '.';
         digits();
