@@ -1,6 +1,5 @@
 #include "project/project_writer.h"
 
-
 #include "project/project_layout.h"
 #include "text/number_line.h"
 #include "text/windows1252.h"
