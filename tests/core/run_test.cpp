@@ -12,12 +12,6 @@ using C = Ctl;
 // A posted message's code, wParam and lParam, and the pump passes made before it was posted.
 using Msg = std::tuple<std::uint32_t, std::uint32_t, std::uint32_t, long>;
 
-std::vector<Msg> sent(const FakeDesktop& d) {
-    std::vector<Msg> out;
-    for (const auto& m : d.posted) out.emplace_back(m.code, m.wParam, m.lParam, m.pumpPassesBefore);
-    return out;
-}
-
 constexpr std::uint32_t kDown = 0x0201, kUp = 0x0202, kDbl = 0x0203, kRDown = 0x0204, kRUp = 0x0205;
 constexpr std::uint32_t kKeyDown = 0x0100, kChar = 0x0102, kKeyUp = 0x0101, kKey = 0xC0100001;
 constexpr long kLong = 100'000, kKeyPause = 10'000;
@@ -41,11 +35,6 @@ protected:
     void clickOnce() {
         w.frm.cmdStart_Click();
         w.clock.advanceBy(1000);
-    }
-    void random(const char* from, const char* to, std::initializer_list<double> draws) {
-        w.frm.selectOption(C::optRandom);
-        w.typeAll({{C::txtFromSec, from}, {C::txtToSec, to}});
-        for (double u : draws) w.random.values.push(u);
     }
 };
 
@@ -96,7 +85,9 @@ TEST_P(ClickStep, PostsTheMessagesOfItsKindWithThePausesBetween) {
     w.frm.setCheck(C::chkText, 1);
     w.type(C::txtText, c.text);
     clickOnce();
-    EXPECT_EQ(sent(w.desktop), c.messages);
+    std::vector<Msg> sent;
+    for (const auto& m : w.desktop.posted) sent.emplace_back(m.code, m.wParam, m.lParam, m.pumpPassesBefore);
+    EXPECT_EQ(sent, c.messages);
     EXPECT_EQ(w.clock.passes, c.passes);
     EXPECT_EQ(w.desktop.lookedUp, (std::vector<ScreenPoint>{{100, 200}}));
     for (const auto& m : w.desktop.posted) EXPECT_EQ(m.window, c.target);
@@ -233,7 +224,7 @@ TEST_F(ManualRun, AnIntervalRefusalSilencesAnArmedEndlessRunUntilTheNextStart) {
 }
 
 TEST_F(ManualRun, RandomIntervalsAreDrawnAtStartAndAfterEveryEndlessClick) {
-    random("2", "5", {0.0, 0.999999});
+    w.randomInterval("2", "5", {0.0, 0.999999});
     w.type(C::txtCount, "3");
     w.frm.cmdStart_Click();
     EXPECT_EQ(w.clock.interval(TimerId::tmrCount), 2);
@@ -245,14 +236,14 @@ TEST_F(ManualRun, RandomIntervalsAreDrawnAtStartAndAfterEveryEndlessClick) {
     w.frm.cmdStop_Click();
     times.clear();
     w.clock.now = 0;
-    random("-100", "1000", {0.6, 0.2, 0.05, 0.3, 0.9});  // the third draw is negative: the shortest interval
+    w.randomInterval("-100", "1000", {0.6, 0.2, 0.05, 0.3, 0.9});  // the third draw is negative: the shortest interval
     w.frm.selectOption(C::optLoop);
     w.frm.cmdStart_Click();
     w.clock.advanceTo(1000);
     EXPECT_EQ(times, (std::vector<long>{500, 600, 601, 801}));
     EXPECT_EQ(w.clock.interval(TimerId::tmrLoop), 800);
 
-    random("10", "100000", {0.9});
+    w.randomInterval("10", "100000", {0.9});
     w.clock.advanceBy(700);
     EXPECT_EQ(w.clock.interval(TimerId::tmrLoop), 65535) << "a re-draw beyond the limit is cut to it";
 }

@@ -25,10 +25,6 @@ public:
     void SetUp() override { w.typeAll({{C::txtX, "10"}, {C::txtY, "20"}}); }
     int entries() { return m.vFirstRowUsed ? m.fgResult.rowCount() - 1 : 0; }
     const Cells& storedRow(int r) { return m.rows.sRowCells[static_cast<std::size_t>(r)]; }
-    void random(const char* from, const char* to) {
-        w.frm.selectOption(C::optRandom);
-        w.typeAll({{C::txtFromSec, from}, {C::txtToSec, to}});
-    }
 };
 
 struct Refusal {
@@ -67,13 +63,13 @@ const Refusal kRefusals[] = {
     {"AddPictureTallerThanItsStore", false, [](TrackEdit& t) { oversized(t, 1, 1001); }, kTooLarge},
     {"UpdateNonStopFirst", true, [](TrackEdit& t) { nonStop(t), badX(t); }, kSwitchOnCount},
     {"UpdateValidationBeforeTotal", true, [](TrackEdit& t) { t.w.type(C::txtMinutes, "2"), badX(t); }, kMaxMinute},
-    {"UpdateInputErrorBeforeTotal", true, [](TrackEdit& t) { t.random("1", "1000000"), t.w.type(C::txtX, ""); },
+    {"UpdateInputErrorBeforeTotal", true, [](TrackEdit& t) { t.w.randomInterval("1", "1000000"), badX(t); },
      "Error in input"},
     {"UpdateRealParts", true, [](TrackEdit& t) {
          t.w.typeAll({{C::txtMinutes, "1"}, {C::txtSeconds, "5"}, {C::txtMiliseconds, "535.25"}});
      }, kMaxMinute},
-    {"UpdateRandomDrawn", true, [](TrackEdit& t) { t.random("0", "100000"), t.w.random.values.push(0.7); }, kMaxMinute},
-    {"UpdateRandomBeyond32Bits", true, [](TrackEdit& t) { t.random("0", "1e12"), t.w.random.values.push(0.5); },
+    {"UpdateRandomDrawn", true, [](TrackEdit& t) { t.w.randomInterval("0", "100000", {0.7}); }, kMaxMinute},
+    {"UpdateRandomBeyond32Bits", true, [](TrackEdit& t) { t.w.randomInterval("0", "1e12", {0.5}); },
      kOverflow},
 };
 
@@ -115,7 +111,7 @@ class TrackTotal : public TrackEdit, public ::testing::WithParamInterface<Total>
 TEST_P(TrackTotal, RefusesOnlyTotalsAboveTheLongestInterval) {
     const auto [minutes, seconds, milliseconds, isRandom, added, updated] = GetParam();
     w.frm.cmdAddtoList_Click();
-    if (isRandom) random("1", "2");
+    if (isRandom) w.randomInterval("1", "2");
     w.typeAll({{C::txtMinutes, minutes}, {C::txtSeconds, seconds}, {C::txtMiliseconds, milliseconds}});
     w.dialogs.messages.clear();
     w.frm.cmdAddtoList_Click();
@@ -137,7 +133,7 @@ TEST_F(TrackEdit, WritesTheCellsAsTypedIntoGridAndStore) {
     const Cells expected{"1", " 03", "1.50", "Custom", "0:60:600", "DBClick", "007", "Yes", "one\r\ntwo", "No"};
     EXPECT_EQ(w.gridRow(1), expected);
 
-    random("2", "5");
+    w.randomInterval("2", "5");
     w.frm.selectOption(C::optRightClick);
     w.frm.setCheck(C::chkText, 0);
     w.frm.cmdUpdate_Click();

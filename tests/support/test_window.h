@@ -37,6 +37,12 @@ struct TestWindow {
         for (auto [field, text] : fields) frm.setText(field, text);
     }
     const std::vector<std::string>& messages() const { return dialogs.messages; }
+    // Selects "Random" between the two texts; the draws are the random numbers to come.
+    void randomInterval(const char* from, const char* to, std::initializer_list<double> draws = {}) {
+        frm.selectOption(Ctl::optRandom);
+        typeAll({{Ctl::txtFromSec, from}, {Ctl::txtToSec, to}});
+        for (double u : draws) random.values.push(u);
+    }
 
     // Left-button-down messages posted so far.
     std::size_t clicks() const {
