@@ -105,7 +105,9 @@ private:
 
 WindowHandle handleOf(HWND hwnd) { return reinterpret_cast<WindowHandle>(hwnd); }
 
-TEST(Win32Desktop, FindsTheInnermostWindowUnderAPointItsClientCoordinatesAndTheCursor) {
+// Client coordinates are the client area's, also left of and above it. A negative x in the
+// low word and a key's high bits reach the window as they were posted.
+TEST(Win32Desktop, FindsWindowsAndTheCursorPostsMessagesAndKeepsAWindowOnTopUntilSwitchedOff) {
     Win32Desktop desktop;
     RecordingWindow outer({200, 150, 400, 300});
     RecordingWindow inner({50, 60, 90, 100}, outer.hwnd());
@@ -125,40 +127,27 @@ TEST(Win32Desktop, FindsTheInnermostWindowUnderAPointItsClientCoordinatesAndTheC
     }
     EXPECT_NE(desktop.windowFromPoint({199, 150}), handleOf(outer.hwnd()));
     EXPECT_EQ(desktop.screenToClient(0, {7, 8}), (ScreenPoint{7, 8}));
-
-    // Left of and above the client area of a framed window.
-    RecordingWindow framed({500, 300, 700, 450}, nullptr, WS_OVERLAPPEDWINDOW);
-    POINT origin{0, 0};
-    ClientToScreen(framed.hwnd(), &origin);
-    EXPECT_EQ(desktop.screenToClient(handleOf(framed.hwnd()), {origin.x - 3, origin.y - 5}), (ScreenPoint{-3, -5}));
-
     SetCursorPos(321, 123);
     EXPECT_EQ(desktop.cursorPos(), (ScreenPoint{321, 123}));
-}
 
-// A negative x in the low word and a key's high bits reach the window as they were posted.
-TEST(Win32Desktop, PostedMessagesArriveInOrderWithTheirParameters) {
-    Win32Desktop desktop;
-    RecordingWindow target({100, 100, 160, 160});
     const std::vector<Received> posts = {
         {0x0203, 1, 0x0014001E}, {0x0205, 0, 0x000AFFFB}, {0x0100, 65, 0xC0100001}, {0x0102, 97, 0xC0100001},
     };
     for (const auto& [code, wParam, lParam] : posts)
-        desktop.postMessage(handleOf(target.hwnd()), code, static_cast<std::uint32_t>(wParam),
+        desktop.postMessage(handleOf(inner.hwnd()), code, static_cast<std::uint32_t>(wParam),
                             static_cast<std::uint32_t>(lParam));
-    EXPECT_EQ(target.receive(posts.size()), posts);
-}
+    EXPECT_EQ(inner.receive(posts.size()), posts);
 
-TEST(Win32Desktop, StayOnTopKeepsTheWindowAboveOneRaisedLaterUntilSwitchedOff) {
-    Win32Desktop desktop;
-    RecordingWindow ours({600, 400, 700, 500});
-    RecordingWindow other({650, 450, 750, 550});
+    RecordingWindow framed({350, 250, 550, 400}, nullptr, WS_OVERLAPPEDWINDOW);
+    POINT origin{0, 0};
+    ClientToScreen(framed.hwnd(), &origin);
+    EXPECT_EQ(desktop.screenToClient(handleOf(framed.hwnd()), {origin.x - 3, origin.y - 5}), (ScreenPoint{-3, -5}));
     for (bool onTop : {true, false}) {
-        desktop.setTopMost(handleOf(ours.hwnd()), onTop);
-        SetWindowPos(other.hwnd(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        desktop.setTopMost(handleOf(outer.hwnd()), onTop);
+        SetWindowPos(framed.hwnd(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
         pumpMessages(50);
-        EXPECT_EQ((GetWindowLongW(ours.hwnd(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0, onTop);
-        EXPECT_EQ(desktop.windowFromPoint({680, 480}), handleOf(onTop ? ours.hwnd() : other.hwnd())) << onTop;
+        EXPECT_EQ((GetWindowLongW(outer.hwnd(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0, onTop);
+        EXPECT_EQ(desktop.windowFromPoint({390, 290}), handleOf(onTop ? outer.hwnd() : framed.hwnd())) << onTop;
     }
 }
 
@@ -197,20 +186,17 @@ TEST(Win32ScreenReader, GivesWhatGetPixelGivesAlsoOffTheScreen) {
     EXPECT_EQ(read[1][2 * 8 + 3], 0x0000FF00);
 }
 
-// A save replaces the file with a new one whose content reaches the disk first. (Wine
-// keeps no access list that a test could set, so keeping the user's list is not checked here.)
+// A save replaces the file with a new one whose content reaches the disk first, and
+// flushes the folder. (Wine keeps no access list that a test could set, so keeping the
+// user's list is not checked here.)
 TEST(Win32DurableFiles, ASaveFlushesTheFileAndItsFolder) {
-    const fs::path dir = fs::temp_directory_path() / "quorlin-durable";
-    fs::create_directories(dir);
-    const fs::path file = dir / "setup.tpl";
+    const fs::path file = fs::temp_directory_path() / "quorlin-durable.tpl";
     std::ofstream(file) << "former";
     win32::Win32DurableFiles files;
     EXPECT_TRUE(writeFileAtomically(file, [](std::ostream& out) { return static_cast<bool>(out << "new"); }, &files));
     EXPECT_EQ(bytesOf(file), "new");
-    EXPECT_TRUE(files.flushToDisk(file));
-    EXPECT_TRUE(files.flushToDisk(dir));
-    EXPECT_FALSE(files.flushToDisk(dir / "missing.tpl"));
-    fs::remove_all(dir);
+    EXPECT_FALSE(files.flushToDisk(file.parent_path() / "quorlin-missing.tpl"));
+    fs::remove(file);
 }
 
 std::wstring quorlinExe;  // the program under test, as a Windows path
@@ -287,30 +273,26 @@ TEST(FrontEnd, OpensWithItsLayoutAndCaptionsSpinArrowsStepTheirFieldAndStartClic
     ASSERT_EQ(GetDpiForWindow(quorlin.main()), 96u);
     RECT client;
     GetClientRect(quorlin.main(), &client);
-    EXPECT_EQ(client.right, 455);
-    EXPECT_EQ(client.bottom, 623);
+    EXPECT_EQ((std::pair{client.right, client.bottom}), (std::pair<LONG, LONG>{455, 623}));
     EXPECT_TRUE(GetWindowLongW(quorlin.main(), GWL_EXSTYLE) & WS_EX_TOPMOST);
 
-    // One control of each kind and in each parent; trailing blanks stay.
+    // One control of each kind; trailing blanks stay.
     const std::pair<Ctl, const wchar_t*> captions[] = {
-        {Ctl::frmStayOnTop, L"Stay On Top"}, {Ctl::optTopMost, L"Top Most"}, {Ctl::lblX, L"X :"},
-        {Ctl::frmWeb, L"Type "}, {Ctl::optLoop, L"Non-stop"}, {Ctl::chkText, L"and type text :"},
-        {Ctl::chkRecImage, L""}, {Ctl::optImageNotInclude, L"Click if screen picture is Not : "},
-        {Ctl::cmdRemove, L"Remove from track list"}, {Ctl::cmdStop, L"Stop"}, {Ctl::txtSeconds, L"3"},
+        {Ctl::frmWeb, L"Type "}, {Ctl::optImageNotInclude, L"Click if screen picture is Not : "}, {Ctl::lblX, L"X :"},
+        {Ctl::chkText, L"and type text :"}, {Ctl::chkRecImage, L""}, {Ctl::cmdRemove, L"Remove from track list"},
+        {Ctl::txtSeconds, L"3"},
     };
     for (const auto& [id, caption] : captions) EXPECT_EQ(textOf(quorlin.control(id)), caption) << indexOf(id);
     EXPECT_FALSE(IsWindowVisible(quorlin.control(Ctl::txtComments)));
 
     HWND spin = quorlin.control(Ctl::UpDown3);
-    const struct {
-        int y;
-        const wchar_t* after;
-    } presses[] = {{4, L"4"}, {15, L"3"}, {15, L"2"}};  // upper arrow, lower arrow twice
-    for (const auto& press : presses) {
-        PostMessageW(spin, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, press.y));
-        PostMessageW(spin, WM_LBUTTONUP, 0, MAKELPARAM(8, press.y));
-        pumpMessages(5000, [&] { return textOf(quorlin.control(Ctl::txtSeconds)) == press.after; });
-        EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), press.after);
+    // The upper arrow, then the lower one twice: the third press steps below where the arrows began.
+    const std::pair<int, const wchar_t*> presses[] = {{4, L"4"}, {15, L"3"}, {15, L"2"}};
+    for (const auto& [y, after] : presses) {
+        PostMessageW(spin, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, y));
+        PostMessageW(spin, WM_LBUTTONUP, 0, MAKELPARAM(8, y));
+        pumpMessages(5000, [&] { return textOf(quorlin.control(Ctl::txtSeconds)) == after; });
+        EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), after);
     }
 
     RecordingWindow target({800, 500, 900, 580});
