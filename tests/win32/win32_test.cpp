@@ -248,10 +248,8 @@ public:
         HWND dialog = waitForWindow(L"Load Attachement", L"#32770");
         ASSERT_TRUE(dialog);
         HWND filter = GetDlgItem(dialog, cmb1);
-        ASSERT_EQ(SendMessageW(filter, CB_GETCOUNT, 0, 0), 1);
-        wchar_t description[64] = {};
-        SendMessageW(filter, CB_GETLBTEXT, 0, reinterpret_cast<LPARAM>(description));
-        EXPECT_STREQ(description, L"Files (*.tpl)");
+        EXPECT_EQ(SendMessageW(filter, CB_GETCOUNT, 0, 0), 1);
+        EXPECT_EQ(textOf(filter), L"Files (*.tpl)");
         HWND name = GetDlgItem(dialog, cmb13) ? GetDlgItem(dialog, cmb13) : GetDlgItem(dialog, edt1);
         SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.wstring().c_str()));
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
