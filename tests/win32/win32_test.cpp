@@ -65,7 +65,6 @@ public:
                                 r.left, r.top, r.right - r.left, r.bottom - r.top, parent, nullptr,
                                 GetModuleHandleW(nullptr), nullptr);
         SetWindowLongPtrW(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-        UpdateWindow(hwnd_);
         pumpMessages(50);
         received_.clear();
     }
@@ -302,10 +301,9 @@ TEST(FrontEnd, OpensWithItsLayoutStepsSpinFieldsSavesAndLoadsThroughTheDialogAnd
 
     RecordingWindow target({800, 500, 900, 580});
     SetWindowPos(target.hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-    quorlin.type(Ctl::txtX, L"850");
-    quorlin.type(Ctl::txtY, L"540");
-    quorlin.type(Ctl::txtSeconds, L"0");
-    quorlin.type(Ctl::txtMiliseconds, L"100");
+    const std::pair<Ctl, const wchar_t*> run[] = {
+        {Ctl::txtX, L"850"}, {Ctl::txtY, L"540"}, {Ctl::txtSeconds, L"0"}, {Ctl::txtMiliseconds, L"100"}};
+    for (const auto& [id, text] : run) quorlin.type(id, text);
     quorlin.click(Ctl::optApplication);
     quorlin.click(Ctl::cmdStart);
     const std::vector<Received> expected = {{0x0201, 1, 0x00280032}, {0x0202, 0, 0x00280032}};
