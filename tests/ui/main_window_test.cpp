@@ -287,8 +287,7 @@ TEST_P(WindowAtDpi, TheWholeWindowScalesWithTheDensityAndShowsEveryCaptionWhole)
     };
     EXPECT_EQ(ui.window.centralWidget()->size(), QSize(px(6825), px(9345)));
     EXPECT_EQ(ui.window.widgetFor(Ctl::cmdStart)->geometry(), rect(120, 8745, 1500, 405));
-    EXPECT_EQ(ui.table->columnWidth(0), px(400));
-    EXPECT_EQ(ui.table->columnWidth(8), px(900));
+    EXPECT_EQ((std::pair{ui.table->columnWidth(0), ui.table->columnWidth(8)}), (std::pair{px(400), px(900)}));
     EXPECT_NEAR(ui.window.widgetFor(Ctl::txtX)->font().pixelSize(), 8.25 * dpi / 72, 0.5);
     const QSize box = ui.window.widgetFor(Ctl::picScreen)->size();
     EXPECT_EQ(box, rect(470, 1000, 2750, 880).size());

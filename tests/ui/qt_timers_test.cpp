@@ -15,9 +15,8 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-// The armed timer's ticks in ms after it was armed, until `count` have come or a second has
-// passed; every tick must be the armed timer's. The loop sleeps between events, as the
-// program's does: a loop that polls would be preempted on a busy machine and see ticks late.
+// The armed timer's ticks, in ms after arming, for up to a second. The loop sleeps between
+// events as the program's does: one that polls would be preempted on a busy machine.
 struct TickLog {
     std::vector<double> at;
     TimerId armed = TimerId::tmrCount;
@@ -52,8 +51,7 @@ TEST(QtTimers, TwoHundredTicksAtOneMillisecondTakeTwoHundredMilliseconds) {
         ASSERT_EQ(log.at.size(), 200u);
         best = std::min(best, log.at.back());
     }
-    EXPECT_GE(best, 199.9);
-    EXPECT_LE(best, 215.0);
+    EXPECT_TRUE(best >= 199.9 && best <= 215.0) << best << " ms";
 }
 
 bool keepsTo(const std::vector<double>& ticks, const std::vector<double>& due) {

@@ -49,6 +49,7 @@ void pumpMessages(int milliseconds, const std::function<bool()>& done = [] { ret
 class RecordingWindow {
 public:
     using Painter = std::function<COLORREF(int x, int y)>;
+    HWND hwnd = nullptr;
 
     RecordingWindow(RECT r, HWND parent = nullptr, DWORD style = WS_POPUP, Painter painter = nullptr)
         : painter_(std::move(painter)) {
@@ -57,22 +58,19 @@ public:
             wc.cbSize = sizeof wc;
             wc.lpfnWndProc = &RecordingWindow::windowProc;
             wc.hInstance = GetModuleHandleW(nullptr);
-            wc.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
             wc.lpszClassName = L"QuorlinTestRecordingWindow";
             return RegisterClassExW(&wc);
         }();
-        hwnd_ = CreateWindowExW(0, MAKEINTATOM(atom), L"recording", (parent ? WS_CHILD : style) | WS_VISIBLE,
-                                r.left, r.top, r.right - r.left, r.bottom - r.top, parent, nullptr,
-                                GetModuleHandleW(nullptr), nullptr);
-        SetWindowLongPtrW(hwnd_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+        hwnd = CreateWindowExW(0, MAKEINTATOM(atom), L"recording", (parent ? WS_CHILD : style) | WS_VISIBLE,
+                               r.left, r.top, r.right - r.left, r.bottom - r.top, parent, nullptr,
+                               GetModuleHandleW(nullptr), nullptr);
+        SetWindowLongPtrW(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
         pumpMessages(50);
         received_.clear();
     }
-    ~RecordingWindow() { DestroyWindow(hwnd_); }
+    ~RecordingWindow() { DestroyWindow(hwnd); }
     RecordingWindow(const RecordingWindow&) = delete;
     RecordingWindow& operator=(const RecordingWindow&) = delete;
-
-    HWND hwnd() const { return hwnd_; }
 
     const std::vector<Received>& receive(std::size_t count, int timeoutMs = 3000) {
         pumpMessages(timeoutMs, [&] { return received_.size() >= count; });
@@ -97,7 +95,6 @@ private:
     }
 
     Painter painter_;
-    HWND hwnd_ = nullptr;
     std::vector<Received> received_;
 };
 
@@ -108,18 +105,18 @@ WindowHandle handleOf(HWND hwnd) { return reinterpret_cast<WindowHandle>(hwnd); 
 TEST(Win32Desktop, FindsWindowsAndTheCursorPostsMessagesAndKeepsAWindowOnTopUntilSwitchedOff) {
     Win32Desktop desktop;
     RecordingWindow outer({200, 150, 400, 300});
-    RecordingWindow inner({50, 60, 90, 100}, outer.hwnd());
+    RecordingWindow inner({50, 60, 90, 100}, outer.hwnd);
     const std::tuple<ScreenPoint, HWND, ScreenPoint> cases[] = {  // a point, the window there, the client point
-        {{230, 170}, outer.hwnd(), {30, 20}},
-        {{260, 220}, inner.hwnd(), {10, 10}},
-        {{399, 299}, outer.hwnd(), {199, 149}},
+        {{230, 170}, outer.hwnd, {30, 20}},
+        {{260, 220}, inner.hwnd, {10, 10}},
+        {{399, 299}, outer.hwnd, {199, 149}},
     };
     for (const auto& [point, window, client] : cases) {
         const WindowHandle found = desktop.windowFromPoint(point);
         EXPECT_EQ(found, handleOf(window)) << point.x << "," << point.y;
         EXPECT_EQ(desktop.screenToClient(found, point), client) << point.x << "," << point.y;
     }
-    EXPECT_NE(desktop.windowFromPoint({199, 150}), handleOf(outer.hwnd()));
+    EXPECT_NE(desktop.windowFromPoint({199, 150}), handleOf(outer.hwnd));
     EXPECT_EQ(desktop.screenToClient(0, {7, 8}), (ScreenPoint{7, 8}));
     SetCursorPos(321, 123);
     EXPECT_EQ(desktop.cursorPos(), (ScreenPoint{321, 123}));
@@ -128,20 +125,20 @@ TEST(Win32Desktop, FindsWindowsAndTheCursorPostsMessagesAndKeepsAWindowOnTopUnti
         {0x0203, 1, 0x0014001E}, {0x0205, 0, 0x000AFFFB}, {0x0100, 65, 0xC0100001}, {0x0102, 97, 0xC0100001},
     };
     for (const auto& [code, wParam, lParam] : posts)
-        desktop.postMessage(handleOf(inner.hwnd()), code, static_cast<std::uint32_t>(wParam),
+        desktop.postMessage(handleOf(inner.hwnd), code, static_cast<std::uint32_t>(wParam),
                             static_cast<std::uint32_t>(lParam));
     EXPECT_EQ(inner.receive(posts.size()), posts);
 
     RecordingWindow framed({350, 250, 550, 400}, nullptr, WS_OVERLAPPEDWINDOW);
     POINT origin{0, 0};
-    ClientToScreen(framed.hwnd(), &origin);
-    EXPECT_EQ(desktop.screenToClient(handleOf(framed.hwnd()), {origin.x - 3, origin.y - 5}), (ScreenPoint{-3, -5}));
+    ClientToScreen(framed.hwnd, &origin);
+    EXPECT_EQ(desktop.screenToClient(handleOf(framed.hwnd), {origin.x - 3, origin.y - 5}), (ScreenPoint{-3, -5}));
     for (bool onTop : {true, false}) {
-        desktop.setTopMost(handleOf(outer.hwnd()), onTop);
-        SetWindowPos(framed.hwnd(), HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        desktop.setTopMost(handleOf(outer.hwnd), onTop);
+        SetWindowPos(framed.hwnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
         pumpMessages(50);
-        EXPECT_EQ((GetWindowLongW(outer.hwnd(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0, onTop);
-        EXPECT_EQ(desktop.windowFromPoint({390, 290}), handleOf(onTop ? outer.hwnd() : framed.hwnd())) << onTop;
+        EXPECT_EQ((GetWindowLongW(outer.hwnd, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0, onTop);
+        EXPECT_EQ(desktop.windowFromPoint({390, 290}), handleOf(onTop ? outer.hwnd : framed.hwnd)) << onTop;
     }
 }
 
@@ -151,7 +148,7 @@ TEST(Win32ScreenReader, GivesWhatGetPixelGivesAlsoOffTheScreen) {
     RecordingWindow corner({0, 0, 8, 8}, nullptr, WS_POPUP, [](int x, int y) { return RGB(x * 30, 255, y * 30); });
     RecordingWindow shades({300, 200, 316, 208}, nullptr, WS_POPUP,
                            [](int x, int y) { return RGB(x * 16, y * 32, 0x80); });
-    for (HWND painted : {corner.hwnd(), shades.hwnd()})
+    for (HWND painted : {corner.hwnd, shades.hwnd})
         SetWindowPos(painted, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     pumpMessages(300);
     const int right = GetSystemMetrics(SM_CXVIRTUALSCREEN) - 1;
@@ -191,16 +188,17 @@ std::wstring textOf(HWND hwnd) {
 // quorlin.exe started as its own process and driven through its windows from outside.
 class Quorlin {
 public:
+    HWND main = nullptr;
     Quorlin() {
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
         if (!CreateProcessW(quorlinExe.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
                             &process_))
             throw std::runtime_error("quorlin.exe does not start");
-        main_ = waitForWindow(L"Quorlin", nullptr);
+        main = waitForWindow(L"Quorlin", nullptr);
     }
     ~Quorlin() {
-        PostMessageW(main_, WM_CLOSE, 0, 0);
+        PostMessageW(main, WM_CLOSE, 0, 0);
         if (WaitForSingleObject(process_.hProcess, 10000) != WAIT_OBJECT_0) TerminateProcess(process_.hProcess, 99);
         CloseHandle(process_.hThread);
         CloseHandle(process_.hProcess);
@@ -208,8 +206,7 @@ public:
     Quorlin(const Quorlin&) = delete;
     Quorlin& operator=(const Quorlin&) = delete;
 
-    HWND main() const { return main_; }
-    HWND control(Ctl id) const { return GetDlgItem(main_, win32::controlId(id)); }
+    HWND control(Ctl id) const { return GetDlgItem(main, win32::controlId(id)); }
     void type(Ctl id, const wchar_t* text) { SendMessageW(control(id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)); }
     void click(Ctl id) { PostMessageW(control(id), BM_CLICK, 0, 0); }
     // Handled before it returns, so that the fields typed next are not read by this press.
@@ -243,16 +240,15 @@ public:
 
 private:
     PROCESS_INFORMATION process_{};
-    HWND main_ = nullptr;
 };
 
 TEST(FrontEnd, OpensWithItsLayoutStepsSpinFieldsSavesAndLoadsThroughTheDialogAndStartClicksTheWindowUnderThePoint) {
     Quorlin quorlin;
-    ASSERT_EQ(GetDpiForWindow(quorlin.main()), 96u);
+    ASSERT_EQ(GetDpiForWindow(quorlin.main), 96u);
     RECT client;
-    GetClientRect(quorlin.main(), &client);
+    GetClientRect(quorlin.main, &client);
     EXPECT_EQ((std::pair{client.right, client.bottom}), (std::pair<LONG, LONG>{455, 623}));
-    EXPECT_TRUE(GetWindowLongW(quorlin.main(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+    EXPECT_TRUE(GetWindowLongW(quorlin.main, GWL_EXSTYLE) & WS_EX_TOPMOST);
 
     // One control of each kind; trailing blanks stay.
     const std::pair<Ctl, const wchar_t*> captions[] = {
@@ -300,7 +296,7 @@ TEST(FrontEnd, OpensWithItsLayoutStepsSpinFieldsSavesAndLoadsThroughTheDialogAnd
     fs::remove_all(dir);
 
     RecordingWindow target({800, 500, 900, 580});
-    SetWindowPos(target.hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+    SetWindowPos(target.hwnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     const std::pair<Ctl, const wchar_t*> run[] = {
         {Ctl::txtX, L"850"}, {Ctl::txtY, L"540"}, {Ctl::txtSeconds, L"0"}, {Ctl::txtMiliseconds, L"100"}};
     for (const auto& [id, text] : run) quorlin.type(id, text);
