@@ -57,14 +57,16 @@ public:
 };
 
 // Loaded and saved back, the example file comes out byte for byte but for the picture, whatever
-// its line ends: CR LF, LF alone or from part-way, a first line of each kind, a byte-order mark.
+// its line ends: CR LF, LF alone, a first line of each kind, a byte-order mark, or LF from a text
+// on (no CR LF ahead ends the text at its LF) with the last line left without its end.
 TEST_F(ProjectFile, TheExampleFileLoadsBackIntoTheSameWindowWhateverItsLineEnds) {
     std::string lfOnly = kExampleFile, overlaid = kExampleFile;
     std::erase(lfOnly, '\r');
     overlaid.replace(overlaid.find("16777215\r\n0\r\n255"), 13, "16711680\r\n16777215\r\n");
-    const std::string lfFromHalf =
-        kExampleFile.substr(0, kExampleFile.find("Random")) + lfOnly.substr(lfOnly.find("Random"));
-    for (const std::string& file : {kExampleFile, lfOnly, lfFromHalf, "\xEF\xBB\xBF" + kExampleFile,
+    const std::size_t text = lfOnly.find("hello") + 5;
+    const std::string lfFromText =
+        kExampleFile.substr(0, kExampleFile.find("hello") + 5) + lfOnly.substr(text, lfOnly.size() - text - 1);
+    for (const std::string& file : {kExampleFile, lfOnly, lfFromText, "\xEF\xBB\xBF" + kExampleFile,
                                     "True\r\nFalse\n" + kExampleFile.substr(13)}) {
         // Every value differs from the file's, so one the load leaves out shows in the save.
         for (Ctl o : {C::optImageNotInclude, C::optRandom, C::optWeb, C::optFromTrack, C::optLooptrack, C::optLoop,
@@ -174,10 +176,14 @@ std::string record(const char* n, const char* image = "No") {
 }
 
 // Pixel lines that are not plain integers, amid millions that are, take their own rule.
-TEST_F(ProjectFile, PixelLinesOfOtherFormsAmidPlainOnesTakeTheirRule) {
+TEST_F(ProjectFile, PixelLinesOfOtherFormsAmidPlainOnesTakeTheirRuleAndATextEndsAtItsLoneLf) {
     std::string file = lines({"True", "False", "0", "0", "0", "0", "1", "1000", "1000"});
     for (int i = 0; i < 1001 * 1001; ++i) file += i % 100000 == 99999 ? "&H10 \r\n" : std::to_string(i) + "\r\n";
-    load(file + runSettings() + record("1", "Yes") + lines({"0", "2", "4", "5.0", ""}));
+    // No CR LF follows the text's LF, so its look-ahead runs to the end of the file.
+    std::string tail = runSettings().substr(24) + record("1", "Yes") + lines({"0", "2", "4", "5.0", ""});
+    std::erase(tail, '\r');
+    load(file + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + tail);
+    EXPECT_EQ(w.text(C::txtText), "a");
     EXPECT_EQ(m.picture.pixel(99, 900), 16) << "the main picture takes the leading number";
     EXPECT_EQ(m.picture.pixel(199, 800), 16);
     EXPECT_EQ(m.picture.pixel(1000, 1000), 1001 * 1001 - 1);

@@ -25,6 +25,13 @@ public:
     void SetUp() override { w.typeAll({{C::txtX, "10"}, {C::txtY, "20"}}); }
     int entries() { return m.vFirstRowUsed ? m.fgResult.rowCount() - 1 : 0; }
     const Cells& storedRow(int r) { return m.rows.sRowCells[static_cast<std::size_t>(r)]; }
+    // The blank row alone, with nothing kept for it.
+    void expectNoEntries() {
+        EXPECT_EQ(m.fgResult.rowCount(), 2);
+        EXPECT_EQ((std::pair{w.gridRow(1), storedRow(1)}), (std::pair{Cells{}, Cells{}}));
+        EXPECT_FALSE(m.vFirstRowUsed || m.rows.bRowImage[1]);
+        EXPECT_EQ(w.rowPicture(1).pixels.size(), 1u) << "the entries' pictures are given back";
+    }
 };
 
 struct Refusal {
@@ -192,12 +199,7 @@ TEST_F(TrackEdit, RemovalMovesLaterEntriesUpWithTheirPicturesAndRenumbersDownToT
 
     m.fgResult.setRow(1);
     w.frm.cmdRemove_Click();
-    EXPECT_EQ(m.fgResult.rowCount(), 2);
-    EXPECT_EQ(w.gridRow(1), Cells{});
-    EXPECT_EQ(storedRow(1), Cells{});
-    EXPECT_FALSE(m.rows.bRowImage[1]);
-    EXPECT_EQ(w.rowPicture(1).pixels.size(), 1u);
-    EXPECT_FALSE(m.vFirstRowUsed);
+    expectNoEntries();
 }
 
 TEST_F(TrackEdit, AddGrowsOnceTheBlankRowIsUsedUpToThirtyEntriesAndClearingEmptiesThemAll) {
@@ -213,16 +215,12 @@ TEST_F(TrackEdit, AddGrowsOnceTheBlankRowIsUsedUpToThirtyEntriesAndClearingEmpti
     EXPECT_EQ(m.fgResult.rowCount(), 31);
 
     w.frm.cmdClearTrackList_Click();
-    EXPECT_EQ(m.fgResult.rowCount(), 2);
+    expectNoEntries();
     EXPECT_EQ(w.gridRow(0), (Cells{"#", "X", "Y", "Intr Type", "Interval", "Type", "Rep", "Fill", "Text", "Image"}));
     std::vector<int> widths;
     for (int c = 0; c < kGridColumns; ++c) widths.push_back(m.fgResult.colWidth(c));
     EXPECT_EQ(widths, (std::vector<int>{400, 600, 600, 800, 800, 800, 800, 400, 900, 400}));
-    EXPECT_EQ(w.gridRow(1), Cells{});
     EXPECT_EQ(m.fgResult.row(), 0);
-    EXPECT_FALSE(m.vFirstRowUsed);
-    EXPECT_FALSE(m.rows.bRowImage[1]);
-    EXPECT_EQ(w.rowPicture(1).pixels.size(), 1u) << "the entries' pictures are given back";
     EXPECT_EQ(w.text(C::txtX), "30");
 }
 
@@ -251,14 +249,12 @@ TEST_P(TrackSplit, ClickingARowReadsTheIntervalAsTheOptionSelectedNowSays) {
     w.putRow(1, {"1", "5", "6", "Custom", s.cell, "DBClick", "4", "No", "", "No"});
     if (s.random) w.frm.selectOption(C::optRandom);
     w.frm.fgResult_Click(1, 3);
-    EXPECT_EQ(w.text(C::txtX), "5");
-    EXPECT_EQ(w.text(C::txtY), "6");
+    EXPECT_EQ(w.texts({C::txtX, C::txtY}), (std::vector<std::string>{"5", "6"}));
     EXPECT_EQ(w.texts({C::txtFromSec, C::txtToSec, C::txtMinutes, C::txtSeconds, C::txtMiliseconds}),
               std::vector<std::string>(s.fields.begin(), s.fields.end()));
     EXPECT_EQ(w.text(C::txtCount), s.loaded ? "4" : "1");
     EXPECT_EQ(w.form().selected(C::optDbClick), s.loaded);
-    EXPECT_EQ(m.fgResult.row(), 1);
-    EXPECT_EQ(m.fgResult.col(), 3);
+    EXPECT_EQ((std::pair{m.fgResult.row(), m.fgResult.col()}), std::pair(1, 3));
 }
 
 INSTANTIATE_TEST_SUITE_P(Splits, TrackSplit, ::testing::ValuesIn(kSplits),
@@ -277,14 +273,14 @@ TEST_F(TrackEdit, ClickingARowSelectsOnlyExactNamesAndLoadsItsText) {
         w.putRow(1, {"1", "5", "6", "Custom", "0:1:0", type, "1", fill, "a\r\nb", "No"});
         w.frm.fgResult_Click(1, 0);
         EXPECT_TRUE(w.form().selected(option)) << type;
-        EXPECT_EQ(m.step.ClickKind, kind) << type;
-        EXPECT_EQ(m.step.bTypeText, typing) << fill;
-        EXPECT_EQ(w.form().value(C::chkText), typing ? 1 : 0);
-        EXPECT_EQ(m.step.sTypeText, typing ? "a\r\nb" : "");
+        EXPECT_EQ((std::tuple{m.step.ClickKind, m.step.bTypeText, w.form().value(C::chkText), m.step.sTypeText}),
+                  (std::tuple{kind, typing, typing ? 1 : 0, typing ? "a\r\nb" : ""})) << type << " " << fill;
     }
 }
 
 TEST_F(TrackEdit, AnImageRowBecomesTheReferencePictureARowWithoutImageForgetsOnlyItsRectangle) {
+    using Texts = std::vector<std::string>;
+    const auto corners = [&] { return w.texts({C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}); };
     w.addAt("1", 3000, 4);
     w.putRow(2, {"2", "5", "6", "Custom", "0:1:0", "Click", "1", "No", "", "No"});
     m.picture = ReferencePicture{};
@@ -292,25 +288,20 @@ TEST_F(TrackEdit, AnImageRowBecomesTheReferencePictureARowWithoutImageForgetsOnl
     w.frm.selectOption(C::optImageNotInclude);
     w.frm.fgResult_Click(1, 0);
     EXPECT_EQ((std::pair{m.picture.iPicMaxX, m.picture.iPicMaxY}), (std::pair<std::int16_t, std::int16_t>(3, 3)));
-    EXPECT_EQ(m.picture.pixel(3, 2), 6002);
-    EXPECT_EQ(m.pictureBox.pixel(3, 2), 6002);
-    EXPECT_EQ(w.texts({C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}),
-              (std::vector<std::string>{"100", "200", "103", "203"}));
-    EXPECT_EQ(w.form().value(C::chkRecImage), 1);
-    EXPECT_TRUE(w.form().selected(C::optImageInclude));
+    EXPECT_EQ((std::pair{m.picture.pixel(3, 2), m.pictureBox.pixel(3, 2)}), std::pair(6002, 6002));
+    EXPECT_EQ(corners(), (Texts{"100", "200", "103", "203"}));
+    EXPECT_TRUE(w.form().value(C::chkRecImage) == 1 && w.form().selected(C::optImageInclude));
 
     w.frm.fgResult_Click(2, 0);
-    EXPECT_EQ(m.picture.rect().left, 0);
-    EXPECT_EQ(m.picture.rect().bottom, 0);
+    EXPECT_EQ((std::pair{m.picture.rect().left, m.picture.rect().bottom}), std::pair(0, 0));
     EXPECT_EQ(m.picture.pixel(3, 2), 6002) << "the reference pixels stay";
     EXPECT_EQ(m.pictureBox.pixel(3, 2), PictureBox::kBackground);
-    EXPECT_EQ(w.texts({C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}), std::vector<std::string>(4));
+    EXPECT_EQ(corners(), Texts(4));
     EXPECT_EQ(w.form().value(C::chkRecImage), 0);
 
     m.rows.lRowRect[1] = {-5, 6, 100000, 9};  // as a file edited by hand may hold it
     w.frm.fgResult_Click(1, 0);
-    EXPECT_EQ(w.texts({C::txtTopX, C::txtTopY, C::txtBottomX, C::txtBottomY}),
-              (std::vector<std::string>{"-5", "6", "100000", "9"}));
+    EXPECT_EQ(corners(), (Texts{"-5", "6", "100000", "9"}));
     EXPECT_EQ((std::array{m.picture.iTopX, m.picture.iTopY, m.picture.iBottomX, m.picture.iBottomY}),
               (std::array<std::int16_t, 4>{-5, 6, 0, 0})) << "the loading ends at the corner beyond 16 bits";
 }
@@ -319,14 +310,12 @@ TEST_F(TrackEdit, TheHeaderRowIsNoEntryAndTheBlankRowLoadsAnEmptyPointAndTakesAn
     w.frm.cmdUpdate_Click();
     EXPECT_FALSE(m.vFirstRowUsed) << "after start the header row is current";
     w.frm.fgResult_Click(0, 2);
-    EXPECT_EQ(w.text(C::txtX), "10");
-    EXPECT_EQ(m.fgResult.row(), 0);
+    EXPECT_EQ((std::pair{w.text(C::txtX), m.fgResult.row()}), (std::pair<std::string, int>("10", 0)));
     w.frm.fgResult_Click(1, 0);
     EXPECT_EQ(w.text(C::txtX), "");
     w.typeAll({{C::txtX, "10"}, {C::txtY, "20"}});
     w.frm.cmdUpdate_Click();
-    EXPECT_EQ(w.gridRow(1)[colNumber], "1");
-    EXPECT_TRUE(m.vFirstRowUsed);
+    EXPECT_TRUE(w.gridRow(1)[colNumber] == "1" && m.vFirstRowUsed);
 }
 
 // The view learns of every change of the controls, the grid and the picture box from the model itself.
