@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "text/colon_split.h"
 #include "text/eight_digits.h"
 #include "text/plain_integer.h"
 #include "text/value_of_text.h"
@@ -73,12 +72,6 @@ TEST(EightDigits, WriteAndReadBackOneToEightDigitsAndRefuseTheRest) {
     }
     const char* padded = "00000042\r\n";
     EXPECT_EQ(readEightDigits(padded), 42);
-}
-
-TEST(ColonSplit, CutsAtTheFirstColonOnly) {
-    EXPECT_EQ(splitAtColon("1:2:3"), (std::pair<std::string_view, std::string_view>{"1", "2:3"}));
-    EXPECT_EQ(splitAtColon(":"), (std::pair<std::string_view, std::string_view>{"", ""}));
-    EXPECT_EQ(splitAtColon("25"), std::nullopt);
 }
 
 }  // namespace
