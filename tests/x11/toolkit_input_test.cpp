@@ -1,16 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <map>
-#include <memory>
-#include <optional>
-#include <thread>
-
-#include <X11/Xutil.h>
 
 #include "run/window_messages.h"
 #include "x11/x11_desktop.h"
@@ -37,15 +30,10 @@ public:
     ScreenPoint at(const std::string& name) const { return places_.at(places_.count(name) ? name : "button"); }
 
     // The lines that arrive until `count` have come (then a little longer, to catch any
-    // extra ones) or the time is up.
+    // extra ones) or none has come for a while.
     std::vector<std::string> lines(std::size_t count) {
         std::vector<std::string> got;
-        const auto enough = [&] {
-            while (auto line = nextLine(std::chrono::milliseconds(0))) got.push_back(*line);
-            return got.size() >= count;
-        };
-        if (eventually(enough, std::chrono::seconds(3))) std::this_thread::sleep_for(std::chrono::milliseconds(250));
-        enough();
+        while (auto line = nextLine(std::chrono::milliseconds(got.size() < count ? 3000 : 250))) got.push_back(*line);
         return got;
     }
 

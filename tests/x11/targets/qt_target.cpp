@@ -1,7 +1,6 @@
 // A Qt 6 window that reports what a user's clicks and typing did to it, one line each.
 #include <QApplication>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -14,18 +13,11 @@ void say(const QString& line) {
     std::fflush(stdout);
 }
 
-class Button : public QPushButton {
-public:
+struct Button : QPushButton {
     using QPushButton::QPushButton;
-
-protected:
-    void mousePressEvent(QMouseEvent* e) override {
-        if (e->button() == Qt::RightButton) say("menu");
-        QPushButton::mousePressEvent(e);
-    }
-    void mouseDoubleClickEvent(QMouseEvent* e) override {
-        say("double");
-        QPushButton::mouseDoubleClickEvent(e);
+    bool event(QEvent* e) override {
+        if (e->type() == QEvent::MouseButtonDblClick) say("double");
+        return QPushButton::event(e);
     }
 };
 
@@ -38,10 +30,12 @@ int main(int argc, char** argv) {
     auto* layout = new QVBoxLayout(&window);
     auto* button = new Button("Press");
     button->setMinimumSize(200, 60);
+    button->setContextMenuPolicy(Qt::CustomContextMenu);
     auto* entry = new QLineEdit;
     layout->addWidget(button);
     layout->addWidget(entry);
     QObject::connect(button, &QPushButton::clicked, [] { say("clicked"); });
+    QObject::connect(button, &QPushButton::customContextMenuRequested, [] { say("menu"); });
     QObject::connect(entry, &QLineEdit::returnPressed, [entry] {
         say("text " + entry->text());
         entry->clear();

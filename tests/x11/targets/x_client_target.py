@@ -20,32 +20,24 @@ def start(command, **options):
     return client
 
 
-def placements(args):
-    """The window's own and its descendants' (depth, width, height, absolute x, y), outermost first,
-    once the window manager has placed the window."""
+def report_button(*window):
+    """Reports as the button the centre of the last window in the client window's tree (xmessage's button,
+    xterm's text area) once the window manager has placed it."""
     time.sleep(0.5)
     for _ in range(200):
-        out = subprocess.run(["xwininfo", "-tree", "-stats", *args], capture_output=True, text=True).stdout
-        found = re.search(r"Absolute upper-left X:\s+(-?\d+).*?Y:\s+(-?\d+).*?Width: (\d+).*?Height: (\d+)", out, re.S)
-        if found:
-            x, y, w, h = map(int, found.groups())
-            return [(0, w, h, x, y)] + [(len(m[1]), *map(int, m.groups()[1:])) for m in re.finditer(
-                r"^( +)0x\w+ .*?(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$", out, re.M)]
+        out = subprocess.run(["xwininfo", "-tree", *window], capture_output=True, text=True).stdout
+        places = re.findall(r"(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$", out, re.M)
+        if places:
+            w, h, x, y = map(int, places[-1])
+            say("at button", x + w // 2, y + h // 2)
+            return say("ready")
         time.sleep(0.05)
     sys.exit("window not found")
 
 
-def report_at(place):
-    _, w, h, x, y = place
-    say("at button", x + w // 2, y + h // 2)
-    say("ready")
-
-
 def xmessage():
     client = start(["xmessage", "-geometry", "+800+520", "-print", "-buttons", "Press", "xmessage target"])
-    inner = placements(["-name", "xmessage"])
-    button_level = sorted({p[0] for p in inner})[2]
-    report_at([p for p in inner if p[0] == button_level][-1])
+    report_button("-name", "xmessage")
     for line in client.stdout:
         if line.strip() == "Press":
             say("clicked")
@@ -64,7 +56,7 @@ def xterm_inside():
     sys.stdout = os.fdopen(3, "w")
     tty.setraw(0)
     os.write(1, b"\x1b[?1000h")
-    report_at(placements(["-id", os.environ["WINDOWID"]])[0])
+    report_button("-id", os.environ["WINDOWID"])
     keys, last = os.fdopen(0, "rb"), None
     while key := keys.read(1):
         if key != b"\x1b":
