@@ -7,8 +7,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "run/window_messages.h"
-#include "x11/x11_desktop.h"
 #include "x11/x11_private_master.h"
 #include "x11/x11_screen_reader.h"
 #include "x11_fixtures.h"
@@ -77,15 +75,11 @@ TEST_F(X11DesktopTest, AfterAVanishedTargetButtonsGoToTheInnermostWindowWithCoor
 
 TEST_F(X11DesktopTest, EveryTypedCharacterArrivesOnceAsThatCharacter) {
     RecordingWindow target(100, 100, 50, 50);
-    const std::string text = "aZ1 !\xE9\r\nx\ty";  // Windows-1252 codes, as the click step sends them
-    for (unsigned char c : text) {
-        desktop.postMessage(target.id(), WM_KEYDOWN, static_cast<std::uint32_t>(c - 32), kKeyLParam);
-        desktop.postMessage(target.id(), WM_CHAR, c, kKeyLParam);
-        desktop.postMessage(target.id(), WM_KEYUP, static_cast<std::uint32_t>(c - 32), kKeyLParam);
-    }
-    const auto& events = target.receive(20);
+    // Windows-1252 codes, as the click step sends them.
+    post(desktop, {120, 120}, Action::Click, "aZ1 !\xE9\r\nx\ty");
+    const auto& events = target.receive(22);
     EXPECT_EQ(target.typed(), "aZ1 !\xE9\rx\ty");
-    EXPECT_EQ(events.size(), 20u);
+    EXPECT_EQ(events.size(), 22u);
     EXPECT_EQ(std::count_if(events.begin(), events.end(), [](const XEvent& e) { return e.type == KeyRelease; }), 10);
 }
 
@@ -190,15 +184,6 @@ TEST(ScreenGeometry, ReadsLookUpsAndTheReadoutFollowTheScreenSizeAndStartAtThePr
     }
 }
 
-bool becomesAbove(Display* d, Window w, bool above) {
-    const Atom aboveState = XInternAtom(d, "_NET_WM_STATE_ABOVE", False);
-    return eventually([&] {
-        XSync(d, False);
-        const auto state = windowProperty(d, w, "_NET_WM_STATE");
-        return (std::find(state.begin(), state.end(), aboveState) != state.end()) == above;
-    }, std::chrono::seconds(3));
-}
-
 // On a display of the test's own under openbox, which starts after the desktop, as when
 // the program runs already.
 TEST(WindowManager, KeepsTheWindowAboveOrLetsItGoAndFramesStandForTheClientTheyDecorate) {
@@ -213,12 +198,13 @@ TEST(WindowManager, KeepsTheWindowAboveOrLetsItGoAndFramesStandForTheClientTheyD
     ASSERT_TRUE(server.startWindowManager()) << "openbox did not start";
     Display* d = connection.display();  // the property and the mapping in one stream of requests
     Window window = XCreateSimpleWindow(d, DefaultRootWindow(d), 10, 10, 100, 100, 0, 0, 0);
-    desktop.setTopMost(window, true);  // before it is mapped, as when the window loads
-    XMapWindow(d, window);
-    EXPECT_TRUE(becomesAbove(d, window, true));
-    for (const bool above : {false, true}) {
-        desktop.setTopMost(window, above);
-        EXPECT_TRUE(becomesAbove(d, window, above)) << above;
+    const Atom aboveState = XInternAtom(d, "_NET_WM_STATE_ABOVE", False);
+    for (const bool above : {true, false, true}) {
+        desktop.setTopMost(window, above);  // at first before it is mapped, as when the window loads
+        XMapWindow(d, window);
+        EXPECT_TRUE(eventually([&] {
+            return std::ranges::count(windowProperty(d, window, "_NET_WM_STATE"), aboveState) == above;
+        }, std::chrono::seconds(3))) << above;
     }
     XDestroyWindow(d, window);
 

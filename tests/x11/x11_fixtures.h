@@ -22,6 +22,9 @@
 #include <tuple>
 #include <vector>
 
+#include "run/window_messages.h"
+#include "x11/x11_desktop.h"
+
 extern char** environ;
 
 namespace quorlin::testing {
@@ -116,8 +119,7 @@ public:
         else setenv("DISPLAY", previous_.c_str(), 1);
     }
 
-    // Starts openbox and waits until it announces itself.
-    bool startWindowManager() {
+        bool startWindowManager() {
         windowManager_ = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox", "--sm-disable"}, true);
         return eventually([&] { return !windowProperty(d, DefaultRootWindow(d), "_NET_SUPPORTING_WM_CHECK").empty(); },
                           std::chrono::seconds(10));
@@ -128,6 +130,29 @@ private:
     std::unique_ptr<ChildProcess> windowManager_;
     std::string previous_;
 };
+
+enum class Action { Click, DBClick, RightClick, Typing };
+
+// The messages of one click step, in the order the step posts them. Typing follows a click.
+inline void post(x11::X11Desktop& desktop, ScreenPoint at, Action action, const std::string& text = "") {
+    using namespace wm;
+    const WindowHandle target = desktop.windowFromPoint(at);
+    const ScreenPoint client = desktop.screenToClient(target, at);
+    const auto send = [&](std::uint32_t code, std::uint32_t wParam, std::uint32_t lParam) {
+        desktop.postMessage(target, code, wParam, lParam);
+    };
+    const std::uint32_t where = mouseLParam(client.x, client.y);
+    const bool right = action == Action::RightClick;
+    send(right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? MK_RBUTTON : MK_LBUTTON, where);
+    send(right ? WM_RBUTTONUP : WM_LBUTTONUP, 0, where);
+    if (action == Action::DBClick) {
+        send(WM_LBUTTONDBLCLK, MK_LBUTTON, where);
+        send(WM_LBUTTONUP, 0, where);
+    }
+    for (unsigned char c : text) {
+        send(WM_KEYDOWN, c - 32u, kKeyLParam), send(WM_CHAR, c, kKeyLParam), send(WM_KEYUP, c - 32u, kKeyLParam);
+    }
+}
 
 // A button event as the window saw it: type, button, x, y.
 using Buttons = std::vector<std::tuple<int, unsigned, int, int>>;
