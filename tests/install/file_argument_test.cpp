@@ -5,11 +5,8 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <string>
-#include <vector>
 
 #include "x11/x11_fixtures.h"
-#include "x11/x11_connection.h"
 #include "x11/x11_screen_reader.h"
 
 namespace {

@@ -160,15 +160,14 @@ using Buttons = std::vector<std::tuple<int, unsigned, int, int>>;
 // A real window on its own connection that records the input events it receives.
 class RecordingWindow {
 public:
-    RecordingWindow(int x, int y, int width, int height, Window parent = None) : d_(XOpenDisplay(nullptr)) {
+    RecordingWindow(int x, int y, unsigned width, unsigned height, Window parent = None) : d_(XOpenDisplay(nullptr)) {
         if (!d_) throw std::runtime_error("no X display: run the X11 tests under Xvfb");
         if (parent == None) parent = DefaultRootWindow(d_);
         XSetWindowAttributes a{};
         a.override_redirect = True;  // placed exactly where asked, whatever window manager runs
         a.background_pixel = WhitePixel(d_, DefaultScreen(d_));
         a.event_mask = ButtonPressMask | ButtonReleaseMask | KeyPressMask | KeyReleaseMask | ExposureMask;
-        window_ = XCreateWindow(d_, parent, x, y, static_cast<unsigned>(width), static_cast<unsigned>(height), 0,
-                                CopyFromParent, InputOutput, CopyFromParent,
+        window_ = XCreateWindow(d_, parent, x, y, width, height, 0, CopyFromParent, InputOutput, CopyFromParent,
                                 CWOverrideRedirect | CWBackPixel | CWEventMask, &a);
         XMapRaised(d_, window_);
         XEvent shown;

@@ -2,16 +2,11 @@
 # reports, one line each, where its control is and what the client did with clicks and keys.
 import os
 import re
-import shutil
 import signal
 import subprocess
 import sys
 import tempfile
 import time
-
-
-def say(*words):
-    print(*words, flush=True)
 
 
 def start(command, **options):
@@ -26,11 +21,10 @@ def report_button(*window):
     time.sleep(0.5)
     for _ in range(200):
         out = subprocess.run(["xwininfo", "-tree", *window], capture_output=True, text=True).stdout
-        places = re.findall(r"(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$", out, re.M)
-        if places:
+        if places := re.findall(r"(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$", out, re.M):
             w, h, x, y = map(int, places[-1])
-            say("at button", x + w // 2, y + h // 2)
-            return say("ready")
+            print("at button", x + w // 2, y + h // 2, flush=True)
+            return print("ready", flush=True)
         time.sleep(0.05)
     sys.exit("window not found")
 
@@ -40,7 +34,7 @@ def xmessage():
     report_button("-name", "xmessage")
     for line in client.stdout:
         if line.strip() == "Press":
-            say("clicked")
+            print("clicked", flush=True)
 
 
 def xterm():
@@ -60,13 +54,13 @@ def xterm_inside():
     keys, last = os.fdopen(0, "rb"), None
     while key := keys.read(1):
         if key != b"\x1b":
-            say("typed", key.decode("latin-1"))
+            print("typed", key.decode("latin-1"), flush=True)
             continue
         button = keys.read(5)[2] - 32
         if button == 3 and last == 0:
-            say("clicked")
+            print("clicked", flush=True)
         elif button == 2:
-            say("menu")
+            print("menu", flush=True)
         last = button
 
 
@@ -74,27 +68,22 @@ def xterm_inside():
 # the page reports on the browser's console.
 def browser():
     page = "file://" + os.path.join(os.path.dirname(os.path.abspath(__file__)), "browser_target.html")
-    profile = tempfile.mkdtemp(prefix="quorlin-browser-")
-    if sys.argv[1] == "firefox-esr":
-        with open(os.path.join(profile, "user.js"), "w") as prefs:
-            for pref in ("devtools.console.stdout.content\", true", "browser.shell.checkDefaultBrowser\", false",
-                         "datareporting.policy.dataSubmissionEnabled\", false", "browser.aboutwelcome.enabled\", false",
-                         "toolkit.telemetry.reportingpolicy.firstRun\", false"):
-                prefs.write(f'user_pref("{pref});\n')
-        command = ["firefox-esr", "--kiosk", "--no-remote", "--profile", profile, page]
-    else:
-        command = ["chromium", "--kiosk", "--no-first-run", "--no-default-browser-check", "--no-sandbox",
-                   "--disable-gpu", "--password-store=basic", "--enable-logging=stderr", "--v=0",
-                   f"--user-data-dir={profile}", page]
-    try:
+    with tempfile.TemporaryDirectory(prefix="quorlin-browser-", ignore_cleanup_errors=True) as profile:
+        if sys.argv[1] == "firefox-esr":
+            with open(os.path.join(profile, "user.js"), "w") as prefs:
+                prefs.write('user_pref("devtools.console.stdout.content", true);\n')
+                for pref in ("browser.shell.checkDefaultBrowser", "datareporting.policy.dataSubmissionEnabled",
+                             "browser.aboutwelcome.enabled", "toolkit.telemetry.reportingpolicy.firstRun"):
+                    prefs.write(f'user_pref("{pref}", false);\n')
+            command = ["firefox-esr", "--kiosk", "--no-remote", "--profile", profile, page]
+        else:
+            command = ["chromium", "--kiosk", "--no-first-run", "--no-default-browser-check", "--no-sandbox",
+                       "--disable-gpu", "--password-store=basic", "--enable-logging=stderr", "--v=0",
+                       f"--user-data-dir={profile}", page]
         for line in start(command, stderr=subprocess.STDOUT, errors="replace").stdout:
-            said = re.search(r'quorlin: ([^"]*)', line)
-            if said:
+            if said := re.search(r'quorlin: ([^"]*)', line):
                 # Firefox writes characters beyond ASCII as \xNN escapes.
-                say(re.sub(r"\\x([0-9A-Fa-f]{2})", lambda m: chr(int(m[1], 16)), said[1].rstrip()))
-    finally:
-        shutil.rmtree(profile, ignore_errors=True)
+                print(re.sub(r"\\x([0-9A-Fa-f]{2})", lambda m: chr(int(m[1], 16)), said[1].rstrip()), flush=True)
 
 
-{"xmessage": xmessage, "xterm": xterm, "xterm-inside": xterm_inside, "firefox-esr": browser,
- "chromium": browser}[sys.argv[1]]()
+{"xmessage": xmessage, "xterm": xterm, "xterm-inside": xterm_inside}.get(sys.argv[1], browser)()
