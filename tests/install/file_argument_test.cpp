@@ -11,7 +11,6 @@
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 // A project with no track list and a 16 x 16 reference picture of RGB (0x12, 0x34, 0x56),
@@ -40,7 +39,7 @@ Window windowWithPicture(quorlin::x11::X11Connection& x) {
 }
 
 TEST(FileArgument, StartsWithTheProjectLoadedInAWindowOfClassQuorlin) {
-    const fs::path project = fs::temp_directory_path() / ("quorlin-argument-" + std::to_string(getpid()) + ".tpl");
+    const auto project = std::filesystem::temp_directory_path() / ("quorlin-file-" + std::to_string(getpid()) + ".tpl");
     std::ofstream(project, std::ios::binary) << projectWithPicture();
     quorlin::x11::X11Connection x;
     ASSERT_EQ(windowWithPicture(x), 0u);
@@ -48,7 +47,7 @@ TEST(FileArgument, StartsWithTheProjectLoadedInAWindowOfClassQuorlin) {
     quorlin::testing::ChildProcess quorlin({QUORLIN_BINARY, project.string()});
     Window shown = None;
     EXPECT_TRUE(quorlin::testing::eventually([&] { return (shown = windowWithPicture(x)) != None; }, 20s));
-    fs::remove(project);
+    std::filesystem::remove(project);
     XClassHint hint{};
     ASSERT_TRUE(XGetClassHint(x.display(), shown, &hint));
     EXPECT_EQ(std::string(hint.res_name) + " " + hint.res_class, "quorlin quorlin");

@@ -12,31 +12,27 @@ namespace {
 
 // A program started by the test that reports on its standard output, one line each,
 // where its controls are ("at button 310 245") and what happened to it ("clicked").
-class TargetApp : public ChildProcess {
-public:
+struct TargetApp : ChildProcess {
+    std::map<std::string, ScreenPoint> places;
+
     explicit TargetApp(std::vector<std::string> argv) : ChildProcess(std::move(argv)) {
         while (auto line = nextLine(std::chrono::seconds(20))) {
             if (*line == "ready") break;
             char name[16];
             ScreenPoint p;
-            if (std::sscanf(line->c_str(), "at %15s %d %d", name, &p.x, &p.y) == 3) places_[name] = p;
+            if (std::sscanf(line->c_str(), "at %15s %d %d", name, &p.x, &p.y) == 3) places[name] = p;
         }
     }
 
-    bool ready() const { return places_.count("button") > 0; }
     // A client without an entry is typed into where it is clicked.
-    ScreenPoint at(const std::string& name) const { return places_.at(places_.count(name) ? name : "button"); }
+    ScreenPoint at(const std::string& name) const { return places.at(places.count(name) ? name : "button"); }
 
-    // The lines that arrive until `count` have come (then a little longer, to catch any
-    // extra ones) or none has come for a while.
+    // The lines that arrive until `count` have come, and any extra ones that follow closely.
     std::vector<std::string> lines(std::size_t count) {
         std::vector<std::string> got;
         while (auto line = nextLine(std::chrono::milliseconds(got.size() < count ? 3000 : 250))) got.push_back(*line);
         return got;
     }
-
-private:
-    std::map<std::string, ScreenPoint> places_;
 };
 
 // What a step must leave as it was: the user's pointer position, the real keyboard
@@ -70,9 +66,6 @@ struct UserState {
         return inBoth(stacking, before.stacking) == inBoth(before.stacking, stacking);
     }
 };
-
-using x11::X11Connection;
-using x11::X11Desktop;
 
 std::string titleOf(Display* d, Window w) {
     char* name = nullptr;
@@ -128,10 +121,10 @@ std::string nameOf(const ::testing::TestParamInfo<Case>& info) {
 // client starts once for all its cases unless it ends after a click.
 struct Desk {
     PrivateDisplay server;
-    X11Connection connection;
+    x11::X11Connection connection;
     Display* d = connection.display();
     bool managed = server.startWindowManager();
-    X11Desktop desktop{connection};
+    x11::X11Desktop desktop{connection};
     Window own = XCreateSimpleWindow(d, DefaultRootWindow(d), 0, 0, 10, 10, 0, 0, 0);
     // The window the user works in, out of the targets' way: it keeps the focus.
     Window user = XCreateSimpleWindow(d, DefaultRootWindow(d), 1060, 900, 200, 100, 0, 0, 0);
@@ -188,34 +181,31 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
     ASSERT_TRUE(desk->managed) << "openbox did not start";
     if (access(t.program().c_str(), X_OK) != 0) GTEST_SKIP() << t.program() << " is not installed";
     TargetApp& app = desk->app(name);
-    ASSERT_TRUE(app.ready()) << name << " window did not come up";
-    Display* d = desk->d;
+    ASSERT_TRUE(app.places.count("button")) << name << " window did not come up";
     std::this_thread::sleep_until(desk->lastEnd[name] + std::chrono::milliseconds(600));
     desk->focusUser();
-    const UserState before = UserState(d);
+    const UserState before = UserState(desk->d);
     ASSERT_EQ(before.focus, desk->user);
     const bool typing = action == Action::Typing;
     const ScreenPoint at = app.at(typing ? "entry" : "button");
     post(desk->desktop, at, action, typing ? "Hello, 1!\xE9\r\n" : "");
     // A click of a step of its own, then a "Web browser" click, whose second click
     // follows after a short pause.
-    if (action == Action::Click) {
-        for (const int pause : {700, 150}) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(pause));
-            post(desk->desktop, at, action);
-        }
+    for (const int pause : action == Action::Click ? std::vector{700, 150} : std::vector<int>{}) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(pause));
+        post(desk->desktop, at, action);
     }
     EXPECT_EQ(app.lines(reaction->size()), *reaction);
     if (typing && t.notice) {
-        EXPECT_EQ(titleOf(d, desk->own), t.notice);
-        XStoreName(d, desk->own, "Quorlin");
+        EXPECT_EQ(titleOf(desk->d, desk->own), t.notice);
+        XStoreName(desk->d, desk->own, "Quorlin");
         post(desk->desktop, app.at("button"), Action::Click, "again\r");
-        EXPECT_EQ(titleOf(d, desk->own), "Quorlin") << "the notice is given once per target";
+        EXPECT_EQ(titleOf(desk->d, desk->own), "Quorlin") << "the notice is given once per target";
         app.lines(1);
     }
     desk->desktop.finishStep();
     desk->lastEnd[name] = std::chrono::steady_clock::now();
-    const UserState after = UserState(d);
+    const UserState after = UserState(desk->d);
     EXPECT_EQ(after.pointer, before.pointer);
     if (!t.freshEachCase) { EXPECT_EQ(after.focus, before.focus); }
     EXPECT_TRUE(after.stackedAs(before)) << "a window was raised or lowered";

@@ -138,9 +138,7 @@ inline void post(x11::X11Desktop& desktop, ScreenPoint at, Action action, const 
     using namespace wm;
     const WindowHandle target = desktop.windowFromPoint(at);
     const ScreenPoint client = desktop.screenToClient(target, at);
-    const auto send = [&](std::uint32_t code, std::uint32_t wParam, std::uint32_t lParam) {
-        desktop.postMessage(target, code, wParam, lParam);
-    };
+    const auto send = [&](auto code, auto wParam, auto lParam) { desktop.postMessage(target, code, wParam, lParam); };
     const std::uint32_t where = mouseLParam(client.x, client.y);
     const bool right = action == Action::RightClick;
     send(right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? MK_RBUTTON : MK_LBUTTON, where);
@@ -149,9 +147,8 @@ inline void post(x11::X11Desktop& desktop, ScreenPoint at, Action action, const 
         send(WM_LBUTTONDBLCLK, MK_LBUTTON, where);
         send(WM_LBUTTONUP, 0, where);
     }
-    for (unsigned char c : text) {
+    for (unsigned char c : text)
         send(WM_KEYDOWN, c - 32u, kKeyLParam), send(WM_CHAR, c, kKeyLParam), send(WM_KEYUP, c - 32u, kKeyLParam);
-    }
 }
 
 // A button event as the window saw it: type, button, x, y.
@@ -160,11 +157,12 @@ using Buttons = std::vector<std::tuple<int, unsigned, int, int>>;
 // A real window on its own connection that records the input events it receives.
 class RecordingWindow {
 public:
-    RecordingWindow(int x, int y, unsigned width, unsigned height, Window parent = None) : d_(XOpenDisplay(nullptr)) {
+    RecordingWindow(int x, int y, unsigned width, unsigned height, Window parent = None, bool managed = false)
+        : d_(XOpenDisplay(nullptr)) {
         if (!d_) throw std::runtime_error("no X display: run the X11 tests under Xvfb");
         if (parent == None) parent = DefaultRootWindow(d_);
         XSetWindowAttributes a{};
-        a.override_redirect = True;  // placed exactly where asked, whatever window manager runs
+        a.override_redirect = !managed;  // placed exactly where asked, whatever window manager runs
         a.background_pixel = WhitePixel(d_, DefaultScreen(d_));
         a.event_mask = ButtonPressMask | ButtonReleaseMask | KeyPressMask | KeyReleaseMask | ExposureMask;
         window_ = XCreateWindow(d_, parent, x, y, width, height, 0, CopyFromParent, InputOutput, CopyFromParent,
