@@ -119,7 +119,7 @@ public:
         else setenv("DISPLAY", previous_.c_str(), 1);
     }
 
-        bool startWindowManager() {
+    bool startWindowManager() {
         windowManager_ = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox", "--sm-disable"}, true);
         return eventually([&] { return !windowProperty(d, DefaultRootWindow(d), "_NET_SUPPORTING_WM_CHECK").empty(); },
                           std::chrono::seconds(10));
@@ -162,7 +162,7 @@ public:
         if (!d_) throw std::runtime_error("no X display: run the X11 tests under Xvfb");
         if (parent == None) parent = DefaultRootWindow(d_);
         XSetWindowAttributes a{};
-        a.override_redirect = !managed;  // placed exactly where asked, whatever window manager runs
+        a.override_redirect = !managed;  // unmanaged, it goes exactly where asked, whatever window manager runs
         a.background_pixel = WhitePixel(d_, DefaultScreen(d_));
         a.event_mask = ButtonPressMask | ButtonReleaseMask | KeyPressMask | KeyReleaseMask | ExposureMask;
         window_ = XCreateWindow(d_, parent, x, y, width, height, 0, CopyFromParent, InputOutput, CopyFromParent,
