@@ -5,16 +5,12 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <string>
-#include <vector>
 
 #include "x11/x11_fixtures.h"
-#include "x11/x11_connection.h"
 #include "x11/x11_screen_reader.h"
 
 namespace {
 
-namespace fs = std::filesystem;
 using namespace std::chrono_literals;
 
 // A project with no track list and a 16 x 16 reference picture of RGB (0x12, 0x34, 0x56),
@@ -28,41 +24,35 @@ std::string projectWithPicture() {
     return file;
 }
 
-// Whether a whole row of the picture lies on screen in its colour, as 0x00BBGGRR.
-bool pictureOnScreen(quorlin::x11::X11Connection& x) {
+// The top-level window that shows a whole row of the picture in its colour (0x00BBGGRR), or None.
+Window windowWithPicture(quorlin::x11::X11Connection& x) {
     const int width = DisplayWidth(x.display(), DefaultScreen(x.display()));
     const int height = DisplayHeight(x.display(), DefaultScreen(x.display()));
     std::vector<quorlin::Colour> pixels(static_cast<std::size_t>(width) * height);
     quorlin::x11::X11ScreenReader(x).readRect({0, 0, width - 1, height - 1}, pixels);
-    return std::search_n(pixels.begin(), pixels.end(), 16, 0x563412) != pixels.end();
-}
-
-bool topLevelOfClass(quorlin::x11::X11Connection& x, const std::string& name, const std::string& className) {
-    Window root = 0, parent = 0, *children = nullptr;
-    unsigned int count = 0;
-    if (!XQueryTree(x.display(), x.root(), &root, &parent, &children, &count)) return false;
-    bool found = false;
-    for (unsigned int i = 0; i < count && !found; ++i) {
-        XClassHint hint{};
-        if (!XGetClassHint(x.display(), children[i], &hint)) continue;
-        found = name == hint.res_name && className == hint.res_class;
-        XFree(hint.res_name);
-        XFree(hint.res_class);
-    }
-    XFree(children);
-    return found;
+    const auto at = static_cast<int>(std::search_n(pixels.begin(), pixels.end(), 16, 0x563412) - pixels.begin());
+    int left = 0, top = 0;
+    Window shown = None;
+    if (at < width * height)
+        XTranslateCoordinates(x.display(), x.root(), x.root(), at % width, at / width, &left, &top, &shown);
+    return shown;
 }
 
 TEST(FileArgument, StartsWithTheProjectLoadedInAWindowOfClassQuorlin) {
-    const fs::path project = fs::temp_directory_path() / ("quorlin-argument-" + std::to_string(getpid()) + ".tpl");
+    const auto project = std::filesystem::temp_directory_path() / ("quorlin-file-" + std::to_string(getpid()) + ".tpl");
     std::ofstream(project, std::ios::binary) << projectWithPicture();
     quorlin::x11::X11Connection x;
-    ASSERT_FALSE(pictureOnScreen(x));
+    ASSERT_EQ(windowWithPicture(x), 0u);
 
     quorlin::testing::ChildProcess quorlin({QUORLIN_BINARY, project.string()});
-    EXPECT_TRUE(quorlin::testing::eventually([&] { return pictureOnScreen(x); }, 20s));
-    EXPECT_TRUE(topLevelOfClass(x, "quorlin", "quorlin"));
-    fs::remove(project);
+    Window shown = None;
+    EXPECT_TRUE(quorlin::testing::eventually([&] { return (shown = windowWithPicture(x)) != None; }, 20s));
+    std::filesystem::remove(project);
+    XClassHint hint{};
+    ASSERT_TRUE(XGetClassHint(x.display(), shown, &hint));
+    EXPECT_EQ(std::string(hint.res_name) + " " + hint.res_class, "quorlin quorlin");
+    XFree(hint.res_name);
+    XFree(hint.res_class);
 }
 
 }  // namespace

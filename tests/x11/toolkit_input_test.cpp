@@ -1,19 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <map>
-#include <memory>
-#include <optional>
-#include <thread>
 
-#include <X11/Xutil.h>
-
-#include "run/window_messages.h"
-#include "x11/x11_desktop.h"
 #include "x11_fixtures.h"
 
 namespace quorlin::testing {
@@ -21,36 +12,27 @@ namespace {
 
 // A program started by the test that reports on its standard output, one line each,
 // where its controls are ("at button 310 245") and what happened to it ("clicked").
-class TargetApp : public ChildProcess {
-public:
+struct TargetApp : ChildProcess {
+    std::map<std::string, ScreenPoint> places;
+
     explicit TargetApp(std::vector<std::string> argv) : ChildProcess(std::move(argv)) {
         while (auto line = nextLine(std::chrono::seconds(20))) {
             if (*line == "ready") break;
             char name[16];
             ScreenPoint p;
-            if (std::sscanf(line->c_str(), "at %15s %d %d", name, &p.x, &p.y) == 3) places_[name] = p;
+            if (std::sscanf(line->c_str(), "at %15s %d %d", name, &p.x, &p.y) == 3) places[name] = p;
         }
     }
 
-    bool ready() const { return places_.count("button") > 0; }
     // A client without an entry is typed into where it is clicked.
-    ScreenPoint at(const std::string& name) const { return places_.at(places_.count(name) ? name : "button"); }
+    ScreenPoint at(const std::string& name) const { return places.at(places.count(name) ? name : "button"); }
 
-    // The lines that arrive until `count` have come (then a little longer, to catch any
-    // extra ones) or the time is up.
+    // The lines that arrive until `count` have come, and any extra ones that follow closely.
     std::vector<std::string> lines(std::size_t count) {
         std::vector<std::string> got;
-        const auto enough = [&] {
-            while (auto line = nextLine(std::chrono::milliseconds(0))) got.push_back(*line);
-            return got.size() >= count;
-        };
-        if (eventually(enough, std::chrono::seconds(3))) std::this_thread::sleep_for(std::chrono::milliseconds(250));
-        enough();
+        while (auto line = nextLine(std::chrono::milliseconds(got.size() < count ? 3000 : 250))) got.push_back(*line);
         return got;
     }
-
-private:
-    std::map<std::string, ScreenPoint> places_;
 };
 
 // What a step must leave as it was: the user's pointer position, the real keyboard
@@ -84,32 +66,6 @@ struct UserState {
         return inBoth(stacking, before.stacking) == inBoth(before.stacking, stacking);
     }
 };
-
-using namespace wm;
-using x11::X11Connection;
-using x11::X11Desktop;
-
-enum class Action { Click, DBClick, RightClick, Typing };
-
-// The messages of one click step, in the order the step posts them. Typing follows a click.
-void post(X11Desktop& desktop, ScreenPoint at, Action action, const std::string& text = "") {
-    const WindowHandle target = desktop.windowFromPoint(at);
-    const ScreenPoint client = desktop.screenToClient(target, at);
-    const auto send = [&](std::uint32_t code, std::uint32_t wParam, std::uint32_t lParam) {
-        desktop.postMessage(target, code, wParam, lParam);
-    };
-    const std::uint32_t where = mouseLParam(client.x, client.y);
-    const bool right = action == Action::RightClick;
-    send(right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? MK_RBUTTON : MK_LBUTTON, where);
-    send(right ? WM_RBUTTONUP : WM_LBUTTONUP, 0, where);
-    if (action == Action::DBClick) {
-        send(WM_LBUTTONDBLCLK, MK_LBUTTON, where);
-        send(WM_LBUTTONUP, 0, where);
-    }
-    for (unsigned char c : text) {
-        send(WM_KEYDOWN, c - 32u, kKeyLParam), send(WM_CHAR, c, kKeyLParam), send(WM_KEYUP, c - 32u, kKeyLParam);
-    }
-}
 
 std::string titleOf(Display* d, Window w) {
     char* name = nullptr;
@@ -154,10 +110,10 @@ const std::map<std::string, Target>& targets() {
     return all;
 }
 
-using Case = std::tuple<Action, std::string>;
+using Case = std::tuple<std::string, Action>;
 
 std::string nameOf(const ::testing::TestParamInfo<Case>& info) {
-    const auto& [action, target] = info.param;
+    const auto& [target, action] = info.param;
     return target + std::array{"Click", "DBClick", "RightClick", "Typing"}[static_cast<int>(action)];
 }
 
@@ -165,10 +121,10 @@ std::string nameOf(const ::testing::TestParamInfo<Case>& info) {
 // client starts once for all its cases unless it ends after a click.
 struct Desk {
     PrivateDisplay server;
-    X11Connection connection;
+    x11::X11Connection connection;
     Display* d = connection.display();
     bool managed = server.startWindowManager();
-    X11Desktop desktop{connection};
+    x11::X11Desktop desktop{connection};
     Window own = XCreateSimpleWindow(d, DefaultRootWindow(d), 0, 0, 10, 10, 0, 0, 0);
     // The window the user works in, out of the targets' way: it keeps the focus.
     Window user = XCreateSimpleWindow(d, DefaultRootWindow(d), 1060, 900, 200, 100, 0, 0, 0);
@@ -218,52 +174,49 @@ protected:
 };
 
 TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapStay) {
-    const auto& [action, name] = GetParam();
+    const auto& [name, action] = GetParam();
     const Target& t = targets().at(name);
     const std::optional<Lines>& reaction = t.reactions[static_cast<int>(action)];
     if (!reaction) GTEST_SKIP() << "the other cases already show what " << name << " does with this";
     ASSERT_TRUE(desk->managed) << "openbox did not start";
     if (access(t.program().c_str(), X_OK) != 0) GTEST_SKIP() << t.program() << " is not installed";
     TargetApp& app = desk->app(name);
-    ASSERT_TRUE(app.ready()) << name << " window did not come up";
-    Display* d = desk->d;
+    ASSERT_TRUE(app.places.count("button")) << name << " window did not come up";
     std::this_thread::sleep_until(desk->lastEnd[name] + std::chrono::milliseconds(600));
     desk->focusUser();
-    const UserState before = UserState(d);
+    const UserState before = UserState(desk->d);
     ASSERT_EQ(before.focus, desk->user);
     const bool typing = action == Action::Typing;
     const ScreenPoint at = app.at(typing ? "entry" : "button");
     post(desk->desktop, at, action, typing ? "Hello, 1!\xE9\r\n" : "");
     // A click of a step of its own, then a "Web browser" click, whose second click
     // follows after a short pause.
-    if (action == Action::Click) {
-        for (const int pause : {700, 150}) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(pause));
-            post(desk->desktop, at, action);
-        }
+    for (const int pause : action == Action::Click ? std::vector{700, 150} : std::vector<int>{}) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(pause));
+        post(desk->desktop, at, action);
     }
     EXPECT_EQ(app.lines(reaction->size()), *reaction);
     if (typing && t.notice) {
-        EXPECT_EQ(titleOf(d, desk->own), t.notice);
-        XStoreName(d, desk->own, "Quorlin");
+        EXPECT_EQ(titleOf(desk->d, desk->own), t.notice);
+        XStoreName(desk->d, desk->own, "Quorlin");
         post(desk->desktop, app.at("button"), Action::Click, "again\r");
-        EXPECT_EQ(titleOf(d, desk->own), "Quorlin") << "the notice is given once per target";
+        EXPECT_EQ(titleOf(desk->d, desk->own), "Quorlin") << "the notice is given once per target";
         app.lines(1);
     }
     desk->desktop.finishStep();
     desk->lastEnd[name] = std::chrono::steady_clock::now();
-    const UserState after = UserState(d);
+    const UserState after = UserState(desk->d);
     EXPECT_EQ(after.pointer, before.pointer);
     if (!t.freshEachCase) { EXPECT_EQ(after.focus, before.focus); }
     EXPECT_TRUE(after.stackedAs(before)) << "a window was raised or lowered";
     EXPECT_TRUE(after.keymap == before.keymap);
 }
 
-// Ordered so that one target's cases do not follow each other.
+// A browser covers the whole screen: one's cases end before the next one starts.
 const auto kActions = ::testing::Values(Action::Click, Action::DBClick, Action::RightClick, Action::Typing);
 INSTANTIATE_TEST_SUITE_P(Toolkits, RealClients,
-                         ::testing::Combine(kActions, ::testing::Values("gtk", "tk", "qt", "xterm", "xaw")), nameOf);
-INSTANTIATE_TEST_SUITE_P(Browsers, RealClients, ::testing::Combine(kActions, ::testing::Values("firefox", "chromium")),
+                         ::testing::Combine(::testing::Values("gtk", "tk", "qt", "xterm", "xaw"), kActions), nameOf);
+INSTANTIATE_TEST_SUITE_P(Browsers, RealClients, ::testing::Combine(::testing::Values("firefox", "chromium"), kActions),
                          nameOf);
 
 }  // namespace

@@ -22,6 +22,9 @@
 #include <tuple>
 #include <vector>
 
+#include "run/window_messages.h"
+#include "x11/x11_desktop.h"
+
 extern char** environ;
 
 namespace quorlin::testing {
@@ -116,7 +119,6 @@ public:
         else setenv("DISPLAY", previous_.c_str(), 1);
     }
 
-    // Starts openbox and waits until it announces itself.
     bool startWindowManager() {
         windowManager_ = std::make_unique<ChildProcess>(std::vector<std::string>{"openbox", "--sm-disable"}, true);
         return eventually([&] { return !windowProperty(d, DefaultRootWindow(d), "_NET_SUPPORTING_WM_CHECK").empty(); },
@@ -129,21 +131,41 @@ private:
     std::string previous_;
 };
 
+enum class Action { Click, DBClick, RightClick, Typing };
+
+// The messages of one click step, in the order the step posts them. Typing follows a click.
+inline void post(x11::X11Desktop& desktop, ScreenPoint at, Action action, const std::string& text = "") {
+    using namespace wm;
+    const WindowHandle target = desktop.windowFromPoint(at);
+    const ScreenPoint client = desktop.screenToClient(target, at);
+    const auto send = [&](auto code, auto wParam, auto lParam) { desktop.postMessage(target, code, wParam, lParam); };
+    const std::uint32_t where = mouseLParam(client.x, client.y);
+    const bool right = action == Action::RightClick;
+    send(right ? WM_RBUTTONDOWN : WM_LBUTTONDOWN, right ? MK_RBUTTON : MK_LBUTTON, where);
+    send(right ? WM_RBUTTONUP : WM_LBUTTONUP, 0, where);
+    if (action == Action::DBClick) {
+        send(WM_LBUTTONDBLCLK, MK_LBUTTON, where);
+        send(WM_LBUTTONUP, 0, where);
+    }
+    for (unsigned char c : text)
+        send(WM_KEYDOWN, c - 32u, kKeyLParam), send(WM_CHAR, c, kKeyLParam), send(WM_KEYUP, c - 32u, kKeyLParam);
+}
+
 // A button event as the window saw it: type, button, x, y.
 using Buttons = std::vector<std::tuple<int, unsigned, int, int>>;
 
 // A real window on its own connection that records the input events it receives.
 class RecordingWindow {
 public:
-    RecordingWindow(int x, int y, int width, int height, Window parent = None) : d_(XOpenDisplay(nullptr)) {
+    RecordingWindow(int x, int y, unsigned width, unsigned height, Window parent = None, bool managed = false)
+        : d_(XOpenDisplay(nullptr)) {
         if (!d_) throw std::runtime_error("no X display: run the X11 tests under Xvfb");
         if (parent == None) parent = DefaultRootWindow(d_);
         XSetWindowAttributes a{};
-        a.override_redirect = True;  // placed exactly where asked, whatever window manager runs
+        a.override_redirect = !managed;  // unmanaged, it goes exactly where asked, whatever window manager runs
         a.background_pixel = WhitePixel(d_, DefaultScreen(d_));
         a.event_mask = ButtonPressMask | ButtonReleaseMask | KeyPressMask | KeyReleaseMask | ExposureMask;
-        window_ = XCreateWindow(d_, parent, x, y, static_cast<unsigned>(width), static_cast<unsigned>(height), 0,
-                                CopyFromParent, InputOutput, CopyFromParent,
+        window_ = XCreateWindow(d_, parent, x, y, width, height, 0, CopyFromParent, InputOutput, CopyFromParent,
                                 CWOverrideRedirect | CWBackPixel | CWEventMask, &a);
         XMapRaised(d_, window_);
         XEvent shown;

@@ -4,19 +4,15 @@ gi.require_version("Gtk", "3.0")
 from gi.repository import GLib, Gdk, Gtk
 
 
-def say(*words):
-    print(*words, flush=True)
-
-
 def pressed(_, event):
     if event.type == Gdk.EventType._2BUTTON_PRESS:
-        say("double")
+        print("double", flush=True)
     elif event.button == 3:
-        say("menu")
+        print("menu", flush=True)
 
 
 def entered(entry):
-    say("text", entry.get_text())
+    print("text", entry.get_text(), flush=True)
     entry.set_text("")
 
 
@@ -24,8 +20,8 @@ def report():
     _, ox, oy = window.get_window().get_origin()
     for name, widget in (("button", button), ("entry", entry)):
         a = widget.get_allocation()
-        say("at", name, ox + a.x + a.width // 2, oy + a.y + a.height // 2)
-    say("ready")
+        print("at", name, ox + a.x + a.width // 2, oy + a.y + a.height // 2, flush=True)
+    print("ready", flush=True)
 
 
 window = Gtk.Window(title="gtk target")
@@ -33,7 +29,7 @@ window.move(200, 200)
 box = Gtk.Box(orientation=Gtk.Orientation.VERTICAL)
 button = Gtk.Button(label="Press")
 button.set_size_request(200, 60)
-button.connect("clicked", lambda _: say("clicked"))
+button.connect("clicked", lambda _: print("clicked", flush=True))
 button.connect("button-press-event", pressed)
 entry = Gtk.Entry()
 entry.connect("activate", entered)
@@ -41,6 +37,5 @@ box.add(button)
 box.add(entry)
 window.add(box)
 window.connect("map-event", lambda *_: GLib.timeout_add(300, report))
-window.connect("destroy", Gtk.main_quit)
 window.show_all()
 Gtk.main()

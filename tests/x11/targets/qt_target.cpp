@@ -1,59 +1,45 @@
 // A Qt 6 window that reports what a user's clicks and typing did to it, one line each.
 #include <QApplication>
 #include <QLineEdit>
-#include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <cstdio>
 
-namespace {
-
-void say(const QString& line) {
-    std::printf("%s\n", line.toUtf8().constData());
-    std::fflush(stdout);
-}
-
-class Button : public QPushButton {
-public:
+struct Button : QPushButton {
     using QPushButton::QPushButton;
-
-protected:
-    void mousePressEvent(QMouseEvent* e) override {
-        if (e->button() == Qt::RightButton) say("menu");
-        QPushButton::mousePressEvent(e);
-    }
-    void mouseDoubleClickEvent(QMouseEvent* e) override {
-        say("double");
-        QPushButton::mouseDoubleClickEvent(e);
+    bool event(QEvent* e) override {
+        if (e->type() == QEvent::MouseButtonDblClick) std::puts("double");
+        return QPushButton::event(e);
     }
 };
 
-}  // namespace
-
 int main(int argc, char** argv) {
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);  // each line reaches the test as it happens
     QApplication app(argc, argv);
     QWidget window;
     window.setWindowTitle("qt target");
     auto* layout = new QVBoxLayout(&window);
     auto* button = new Button("Press");
     button->setMinimumSize(200, 60);
+    button->setContextMenuPolicy(Qt::CustomContextMenu);
     auto* entry = new QLineEdit;
     layout->addWidget(button);
     layout->addWidget(entry);
-    QObject::connect(button, &QPushButton::clicked, [] { say("clicked"); });
+    QObject::connect(button, &QPushButton::clicked, [] { std::puts("clicked"); });
+    QObject::connect(button, &QPushButton::customContextMenuRequested, [] { std::puts("menu"); });
     QObject::connect(entry, &QLineEdit::returnPressed, [entry] {
-        say("text " + entry->text());
+        std::printf("text %s\n", entry->text().toUtf8().constData());
         entry->clear();
     });
     window.move(640, 200);
     window.show();
     QTimer::singleShot(500, [&] {
-        for (auto [name, widget] : {std::pair<QString, QWidget*>{"button", button}, {"entry", entry}}) {
+        for (auto [name, widget] : {std::pair<const char*, QWidget*>{"button", button}, {"entry", entry}}) {
             const QPoint c = widget->mapToGlobal(widget->rect().center());
-            say(QString("at %1 %2 %3").arg(name).arg(c.x()).arg(c.y()));
+            std::printf("at %s %d %d\n", name, c.x(), c.y());
         }
-        say("ready");
+        std::puts("ready");
     });
     return app.exec();
 }

@@ -2,16 +2,11 @@
 # reports, one line each, where its control is and what the client did with clicks and keys.
 import os
 import re
-import shutil
 import signal
 import subprocess
 import sys
 import tempfile
 import time
-
-
-def say(*words):
-    print(*words, flush=True)
 
 
 def start(command, **options):
@@ -20,35 +15,26 @@ def start(command, **options):
     return client
 
 
-def placements(args):
-    """The window's own and its descendants' (depth, width, height, absolute x, y), outermost first,
-    once the window manager has placed the window."""
+def report_button(*window):
+    """Reports as the button the centre of the last window in the client window's tree (xmessage's button,
+    xterm's text area) once the window manager has placed it."""
     time.sleep(0.5)
     for _ in range(200):
-        out = subprocess.run(["xwininfo", "-tree", "-stats", *args], capture_output=True, text=True).stdout
-        found = re.search(r"Absolute upper-left X:\s+(-?\d+).*?Y:\s+(-?\d+).*?Width: (\d+).*?Height: (\d+)", out, re.S)
-        if found:
-            x, y, w, h = map(int, found.groups())
-            return [(0, w, h, x, y)] + [(len(m[1]), *map(int, m.groups()[1:])) for m in re.finditer(
-                r"^( +)0x\w+ .*?(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$", out, re.M)]
+        out = subprocess.run(["xwininfo", "-tree", *window], capture_output=True, text=True).stdout
+        if places := re.findall(r"(\d+)x(\d+)[+-]-?\d+[+-]-?\d+\s+\+(-?\d+)\+(-?\d+)$", out, re.M):
+            w, h, x, y = map(int, places[-1])
+            print("at button", x + w // 2, y + h // 2, flush=True)
+            return print("ready", flush=True)
         time.sleep(0.05)
     sys.exit("window not found")
 
 
-def report_at(place):
-    _, w, h, x, y = place
-    say("at button", x + w // 2, y + h // 2)
-    say("ready")
-
-
 def xmessage():
     client = start(["xmessage", "-geometry", "+800+520", "-print", "-buttons", "Press", "xmessage target"])
-    inner = placements(["-name", "xmessage"])
-    button_level = sorted({p[0] for p in inner})[2]
-    report_at([p for p in inner if p[0] == button_level][-1])
+    report_button("-name", "xmessage")
     for line in client.stdout:
         if line.strip() == "Press":
-            say("clicked")
+            print("clicked", flush=True)
 
 
 def xterm():
@@ -64,17 +50,17 @@ def xterm_inside():
     sys.stdout = os.fdopen(3, "w")
     tty.setraw(0)
     os.write(1, b"\x1b[?1000h")
-    report_at(placements(["-id", os.environ["WINDOWID"]])[0])
+    report_button("-id", os.environ["WINDOWID"])
     keys, last = os.fdopen(0, "rb"), None
     while key := keys.read(1):
         if key != b"\x1b":
-            say("typed", key.decode("latin-1"))
+            print("typed", key.decode("latin-1"), flush=True)
             continue
         button = keys.read(5)[2] - 32
         if button == 3 and last == 0:
-            say("clicked")
+            print("clicked", flush=True)
         elif button == 2:
-            say("menu")
+            print("menu", flush=True)
         last = button
 
 
@@ -82,27 +68,22 @@ def xterm_inside():
 # the page reports on the browser's console.
 def browser():
     page = "file://" + os.path.join(os.path.dirname(os.path.abspath(__file__)), "browser_target.html")
-    profile = tempfile.mkdtemp(prefix="quorlin-browser-")
-    if sys.argv[1] == "firefox-esr":
-        with open(os.path.join(profile, "user.js"), "w") as prefs:
-            for pref in ("devtools.console.stdout.content\", true", "browser.shell.checkDefaultBrowser\", false",
-                         "datareporting.policy.dataSubmissionEnabled\", false", "browser.aboutwelcome.enabled\", false",
-                         "toolkit.telemetry.reportingpolicy.firstRun\", false"):
-                prefs.write(f'user_pref("{pref});\n')
-        command = ["firefox-esr", "--kiosk", "--no-remote", "--profile", profile, page]
-    else:
-        command = ["chromium", "--kiosk", "--no-first-run", "--no-default-browser-check", "--no-sandbox",
-                   "--disable-gpu", "--password-store=basic", "--enable-logging=stderr", "--v=0",
-                   f"--user-data-dir={profile}", page]
-    try:
+    with tempfile.TemporaryDirectory(prefix="quorlin-browser-", ignore_cleanup_errors=True) as profile:
+        if sys.argv[1] == "firefox-esr":
+            with open(os.path.join(profile, "user.js"), "w") as prefs:
+                prefs.write('user_pref("devtools.console.stdout.content", true);\n')
+                for pref in ("browser.shell.checkDefaultBrowser", "datareporting.policy.dataSubmissionEnabled",
+                             "browser.aboutwelcome.enabled", "toolkit.telemetry.reportingpolicy.firstRun"):
+                    prefs.write(f'user_pref("{pref}", false);\n')
+            command = ["firefox-esr", "--kiosk", "--no-remote", "--profile", profile, page]
+        else:
+            command = ["chromium", "--kiosk", "--no-first-run", "--no-default-browser-check", "--no-sandbox",
+                       "--disable-gpu", "--password-store=basic", "--enable-logging=stderr", "--v=0",
+                       f"--user-data-dir={profile}", page]
         for line in start(command, stderr=subprocess.STDOUT, errors="replace").stdout:
-            said = re.search(r'quorlin: ([^"]*)', line)
-            if said:
+            if said := re.search(r'quorlin: ([^"]*)', line):
                 # Firefox writes characters beyond ASCII as \xNN escapes.
-                say(re.sub(r"\\x([0-9A-Fa-f]{2})", lambda m: chr(int(m[1], 16)), said[1].rstrip()))
-    finally:
-        shutil.rmtree(profile, ignore_errors=True)
+                print(re.sub(r"\\x([0-9A-Fa-f]{2})", lambda m: chr(int(m[1], 16)), said[1].rstrip()), flush=True)
 
 
-{"xmessage": xmessage, "xterm": xterm, "xterm-inside": xterm_inside, "firefox-esr": browser,
- "chromium": browser}[sys.argv[1]]()
+{"xmessage": xmessage, "xterm": xterm, "xterm-inside": xterm_inside}.get(sys.argv[1], browser)()
