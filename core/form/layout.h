@@ -8,10 +8,10 @@ namespace quorlin {
 
 // Positions in twips (1/1440 inch) inside the parent's inner top-left corner.
 struct TwipsRect {
-    int left = 0;
-    int top = 0;
-    int width = 0;
-    int height = 0;
+    int left;
+    int top;
+    int width;
+    int height;
 };
 
 inline constexpr int kTwipsPerPixel = 15;

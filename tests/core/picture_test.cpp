@@ -111,6 +111,7 @@ TEST_F(ImageConditionTest, TheRuleDecidesOnAWholeRectangleMatchWithinTheStoreWhe
     }
 
     step.hasImage = false;
+    screen.reads.clear();
     EXPECT_TRUE(met(true) && met(false));
     EXPECT_TRUE(screen.reads.empty()) << "without an image nothing is read";
 

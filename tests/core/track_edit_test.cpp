@@ -332,7 +332,10 @@ TEST_F(TrackEdit, TheObserverHearsOfEveryControlGridAndPictureBoxChange) {
     w.frm.setCheck(C::chkText, 1);
     w.frm.selectOption(C::optDbClick);
     w.type(C::txtY, "5");
-    EXPECT_EQ(counter.controls, (std::vector<Ctl>{C::chkText, C::txtText, C::optClick, C::optDbClick, C::txtY}));
+    w.desktop.cursor = {7, 8};
+    w.frm.timerTick(TimerId::timer);
+    EXPECT_EQ(counter.controls, (std::vector<Ctl>{C::chkText, C::txtText, C::optClick, C::optDbClick, C::txtY,
+                                                  C::lblXPos, C::lblYPos}));
     w.frm.cmdAddtoList_Click();
     w.frm.Form_Paint();
     EXPECT_EQ((std::pair{counter.grid > 0, counter.box}), std::pair(true, 1)) << "the window's grid and box tell";

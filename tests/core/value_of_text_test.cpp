@@ -30,7 +30,7 @@ TEST(ValueOfText, CountsAsANumberOnlyWhenTheWholeTextConverts) {
 
 TEST(Rounding, HalvesGoToTheEvenNeighbourAndFailOutsideTheTarget) {
     const std::pair<double, double> halves[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-2.5, -2}, {-3.5, -4},
-                                                {13.5, 14}, {2.4999, 2}, {-0.6, -1}};
+                                                {13.5, 14}, {2.4999, 2}, {2.6, 3}, {-0.6, -1}};
     for (auto [value, rounded] : halves) EXPECT_EQ(roundHalfEven(value), rounded) << value;
     EXPECT_EQ(toInt16(32767.4), 32767);
     EXPECT_EQ(toInt16(32767.5), std::nullopt);
