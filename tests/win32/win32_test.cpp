@@ -45,7 +45,8 @@ void pumpMessages(int milliseconds, const std::function<bool()>& done = [] { ret
 }
 
 // A real window on this thread that records the mouse and key messages it receives and
-// paints itself pixel by pixel in the given colours.
+// paints itself pixel by pixel in the given colours. A top-level one stays above the
+// windows of other programs, so that nothing covers it.
 class RecordingWindow {
 public:
     using Painter = std::function<COLORREF(int x, int y)>;
@@ -53,17 +54,13 @@ public:
 
     RecordingWindow(RECT r, HWND parent = nullptr, DWORD style = WS_POPUP, Painter painter = nullptr)
         : painter_(std::move(painter)) {
-        static const ATOM atom = [] {
-            WNDCLASSEXW wc{};
-            wc.cbSize = sizeof wc;
-            wc.lpfnWndProc = &RecordingWindow::windowProc;
-            wc.hInstance = GetModuleHandleW(nullptr);
-            wc.lpszClassName = L"QuorlinTestRecordingWindow";
-            return RegisterClassExW(&wc);
-        }();
-        hwnd = CreateWindowExW(0, MAKEINTATOM(atom), L"recording", (parent ? WS_CHILD : style) | WS_VISIBLE,
-                               r.left, r.top, r.right - r.left, r.bottom - r.top, parent, nullptr,
-                               GetModuleHandleW(nullptr), nullptr);
+        static const WNDCLASSEXW windowClass{
+            sizeof(WNDCLASSEXW), 0, &windowProc, 0, 0, GetModuleHandleW(nullptr), nullptr, nullptr, nullptr, nullptr,
+            L"QuorlinTestRecordingWindow", nullptr};
+        static const ATOM atom = RegisterClassExW(&windowClass);
+        hwnd = CreateWindowExW(parent ? 0 : WS_EX_TOPMOST, MAKEINTATOM(atom), L"recording",
+                               (parent ? WS_CHILD : style) | WS_VISIBLE, r.left, r.top, r.right - r.left,
+                               r.bottom - r.top, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
         SetWindowLongPtrW(hwnd, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
         pumpMessages(50);
         received_.clear();
@@ -86,10 +83,8 @@ private:
         if (!self || message != WM_PAINT || !self->painter_) return DefWindowProcW(hwnd, message, wParam, lParam);
         PAINTSTRUCT ps;
         HDC dc = BeginPaint(hwnd, &ps);
-        RECT client;
-        GetClientRect(hwnd, &client);
-        for (int y = 0; y < client.bottom; ++y)
-            for (int x = 0; x < client.right; ++x) SetPixel(dc, x, y, self->painter_(x, y));
+        for (int y = ps.rcPaint.top; y < ps.rcPaint.bottom; ++y)
+            for (int x = ps.rcPaint.left; x < ps.rcPaint.right; ++x) SetPixel(dc, x, y, self->painter_(x, y));
         EndPaint(hwnd, &ps);
         return 0;
     }
@@ -100,9 +95,8 @@ private:
 
 WindowHandle handleOf(HWND hwnd) { return reinterpret_cast<WindowHandle>(hwnd); }
 
-// Client coordinates are the client area's, also left of and above it. A negative x in the
-// low word and a key's high bits reach the window as they were posted.
-TEST(Win32Desktop, FindsWindowsAndTheCursorPostsMessagesAndKeepsAWindowOnTopUntilSwitchedOff) {
+// Client coordinates are the client area's, also left of and above it.
+TEST(Win32Desktop, FindsTheWindowUnderAPointItsClientPointAndTheCursor) {
     Win32Desktop desktop;
     RecordingWindow outer({200, 150, 400, 300});
     RecordingWindow inner({50, 60, 90, 100}, outer.hwnd);
@@ -118,28 +112,24 @@ TEST(Win32Desktop, FindsWindowsAndTheCursorPostsMessagesAndKeepsAWindowOnTopUnti
     }
     EXPECT_NE(desktop.windowFromPoint({199, 150}), handleOf(outer.hwnd));
     EXPECT_EQ(desktop.screenToClient(0, {7, 8}), (ScreenPoint{7, 8}));
-    SetCursorPos(321, 123);
-    EXPECT_EQ(desktop.cursorPos(), (ScreenPoint{321, 123}));
-
-    const std::vector<Received> posts = {
-        {0x0203, 1, 0x0014001E}, {0x0205, 0, 0x000AFFFB}, {0x0100, 65, 0xC0100001}, {0x0102, 97, 0xC0100001},
-    };
-    for (const auto& [code, wParam, lParam] : posts)
-        desktop.postMessage(handleOf(inner.hwnd), code, static_cast<std::uint32_t>(wParam),
-                            static_cast<std::uint32_t>(lParam));
-    EXPECT_EQ(inner.receive(posts.size()), posts);
-
     RecordingWindow framed({350, 250, 550, 400}, nullptr, WS_OVERLAPPEDWINDOW);
     POINT origin{0, 0};
     ClientToScreen(framed.hwnd, &origin);
     EXPECT_EQ(desktop.screenToClient(handleOf(framed.hwnd), {origin.x - 3, origin.y - 5}), (ScreenPoint{-3, -5}));
-    for (bool onTop : {true, false}) {
-        desktop.setTopMost(handleOf(outer.hwnd), onTop);
-        SetWindowPos(framed.hwnd, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
-        pumpMessages(50);
-        EXPECT_EQ((GetWindowLongW(outer.hwnd, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0, onTop);
-        EXPECT_EQ(desktop.windowFromPoint({390, 290}), handleOf(onTop ? outer.hwnd : framed.hwnd)) << onTop;
-    }
+    SetCursorPos(321, 123);
+    EXPECT_EQ(desktop.cursorPos(), (ScreenPoint{321, 123}));
+}
+
+// A negative x in the low word and a key's high bits reach the window as they were posted.
+TEST(Win32Desktop, PostsMessagesAsTheyWereGiven) {
+    RecordingWindow window({200, 150, 400, 300});
+    const std::vector<Received> posts = {
+        {0x0203, 1, 0x0014001E}, {0x0205, 0, 0x000AFFFB}, {0x0100, 65, 0xC0100001}, {0x0102, 97, 0xC0100001},
+    };
+    for (const auto& [code, wParam, lParam] : posts)
+        Win32Desktop().postMessage(handleOf(window.hwnd), code, static_cast<std::uint32_t>(wParam),
+                                   static_cast<std::uint32_t>(lParam));
+    EXPECT_EQ(window.receive(posts.size()), posts);
 }
 
 // GetPixel gives 0x00BBGGRR, and -1 off the screen. One reader reads every rectangle, the
@@ -148,8 +138,6 @@ TEST(Win32ScreenReader, GivesWhatGetPixelGivesAlsoOffTheScreen) {
     RecordingWindow corner({0, 0, 8, 8}, nullptr, WS_POPUP, [](int x, int y) { return RGB(x * 30, 255, y * 30); });
     RecordingWindow shades({300, 200, 316, 208}, nullptr, WS_POPUP,
                            [](int x, int y) { return RGB(x * 16, y * 32, 0x80); });
-    for (HWND painted : {corner.hwnd, shades.hwnd})
-        SetWindowPos(painted, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     pumpMessages(300);
     const int right = GetSystemMetrics(SM_CXVIRTUALSCREEN) - 1;
     const int bottom = GetSystemMetrics(SM_CYVIRTUALSCREEN) - 1;
@@ -186,10 +174,10 @@ std::wstring textOf(HWND hwnd) {
 }
 
 // quorlin.exe started as its own process and driven through its windows from outside.
-class Quorlin {
-public:
+class FrontEnd : public ::testing::Test {
+protected:
     HWND main = nullptr;
-    Quorlin() {
+    FrontEnd() {
         STARTUPINFOW startup{};
         startup.cb = sizeof startup;
         if (!CreateProcessW(quorlinExe.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
@@ -197,14 +185,12 @@ public:
             throw std::runtime_error("quorlin.exe does not start");
         main = waitForWindow(L"Quorlin", nullptr);
     }
-    ~Quorlin() {
+    ~FrontEnd() override {
         PostMessageW(main, WM_CLOSE, 0, 0);
         if (WaitForSingleObject(process_.hProcess, 10000) != WAIT_OBJECT_0) TerminateProcess(process_.hProcess, 99);
         CloseHandle(process_.hThread);
         CloseHandle(process_.hProcess);
     }
-    Quorlin(const Quorlin&) = delete;
-    Quorlin& operator=(const Quorlin&) = delete;
 
     HWND control(Ctl id) const { return GetDlgItem(main, win32::controlId(id)); }
     void type(Ctl id, const wchar_t* text) { SendMessageW(control(id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text)); }
@@ -242,13 +228,11 @@ private:
     PROCESS_INFORMATION process_{};
 };
 
-TEST(FrontEnd, OpensWithItsLayoutStepsSpinFieldsSavesAndLoadsThroughTheDialogAndStartClicksTheWindowUnderThePoint) {
-    Quorlin quorlin;
-    ASSERT_EQ(GetDpiForWindow(quorlin.main), 96u);
+TEST_F(FrontEnd, OpensAtItsSizeWithItsCaptions) {
+    ASSERT_EQ(GetDpiForWindow(main), 96u);
     RECT client;
-    GetClientRect(quorlin.main, &client);
+    GetClientRect(main, &client);
     EXPECT_EQ((std::pair{client.right, client.bottom}), (std::pair<LONG, LONG>{455, 623}));
-    EXPECT_TRUE(GetWindowLongW(quorlin.main, GWL_EXSTYLE) & WS_EX_TOPMOST);
 
     // One control of each kind; trailing blanks stay.
     const std::pair<Ctl, const wchar_t*> captions[] = {
@@ -256,52 +240,58 @@ TEST(FrontEnd, OpensWithItsLayoutStepsSpinFieldsSavesAndLoadsThroughTheDialogAnd
         {Ctl::chkText, L"and type text :"}, {Ctl::chkRecImage, L""}, {Ctl::cmdRemove, L"Remove from track list"},
         {Ctl::txtSeconds, L"3"},
     };
-    for (const auto& [id, caption] : captions) EXPECT_EQ(textOf(quorlin.control(id)), caption) << indexOf(id);
-    EXPECT_FALSE(IsWindowVisible(quorlin.control(Ctl::txtComments)));
+    for (const auto& [id, caption] : captions) EXPECT_EQ(textOf(control(id)), caption) << indexOf(id);
+    EXPECT_FALSE(IsWindowVisible(control(Ctl::txtComments)));
+}
 
-    HWND spin = quorlin.control(Ctl::UpDown3);
-    // The upper arrow, then the lower one twice: the third press steps below where the arrows began.
+TEST_F(FrontEnd, StaysOnTopUntilSwitchedOff) {
+    EXPECT_TRUE(GetWindowLongW(main, GWL_EXSTYLE) & WS_EX_TOPMOST);
+    press(Ctl::optNotOnTop);
+    EXPECT_FALSE(GetWindowLongW(main, GWL_EXSTYLE) & WS_EX_TOPMOST);
+}
+
+// The upper arrow, then the lower one twice: the third press steps below where the arrows began.
+TEST_F(FrontEnd, SpinArrowsStepTheirField) {
     const std::pair<int, const wchar_t*> presses[] = {{4, L"4"}, {15, L"3"}, {15, L"2"}};
     for (const auto& [y, after] : presses) {
-        PostMessageW(spin, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, y));
-        PostMessageW(spin, WM_LBUTTONUP, 0, MAKELPARAM(8, y));
-        pumpMessages(5000, [&] { return textOf(quorlin.control(Ctl::txtSeconds)) == after; });
-        EXPECT_EQ(textOf(quorlin.control(Ctl::txtSeconds)), after);
+        PostMessageW(control(Ctl::UpDown3), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(8, y));
+        PostMessageW(control(Ctl::UpDown3), WM_LBUTTONUP, 0, MAKELPARAM(8, y));
+        pumpMessages(5000, [&] { return textOf(control(Ctl::txtSeconds)) == after; });
+        EXPECT_EQ(textOf(control(Ctl::txtSeconds)), after);
     }
+}
 
-    // The project is saved, the list cleared, the file loaded and saved again byte for byte over an
-    // older file, whose owner and access list the save keeps (Wine keeps none that a test could set).
+// Saved over an older file, whose owner and access list the save keeps (Wine keeps none that a
+// test could set), then cleared and loaded again.
+TEST_F(FrontEnd, SavesAndLoadsTheTrackListThroughTheFileDialog) {
     const auto dir = fs::temp_directory_path() / ("quorlin-" + std::to_string(GetCurrentProcessId()));
+    const fs::path file = dir / "setup.tpl";
     fs::create_directories(dir);
-    std::ofstream(dir / "second.tpl") << "former";
+    std::ofstream(file) << "former";
     for (const wchar_t* x : {L"12", L"56"}) {
-        quorlin.type(Ctl::txtX, x);
-        quorlin.type(Ctl::txtY, L"34");
-        quorlin.press(Ctl::cmdAddtoList);
+        type(Ctl::txtX, x);
+        type(Ctl::txtY, L"34");
+        press(Ctl::cmdAddtoList);
     }
-    HWND grid = quorlin.control(Ctl::fgResult);
-    auto rows = [&] { return SendMessageW(grid, LVM_GETITEMCOUNT, 0, 0); };
-    pumpMessages(5000, [&] { return rows() == 2; });
-    quorlin.chooseFile(Ctl::cmdSave, dir / "first.tpl", [&] { return fs::exists(dir / "first.tpl"); });
-    quorlin.click(Ctl::cmdClearTrackList);
+    auto rows = [&] { return SendMessageW(control(Ctl::fgResult), LVM_GETITEMCOUNT, 0, 0); };
+    chooseFile(Ctl::cmdSave, file, [&] { return bytesOf(file) != "former"; });
+    EXPECT_NE(bytesOf(file).find("\r\n1\r\n12\r\n34\r\n"), std::string::npos) << "entry 1 at 12, 34";
+    click(Ctl::cmdClearTrackList);
     pumpMessages(5000, [&] { return rows() == 1; });
     ASSERT_EQ(rows(), 1);
-    quorlin.chooseFile(Ctl::cmdLoad, dir / "first.tpl", [&] { return rows() == 2; });
-    quorlin.chooseFile(Ctl::cmdSave, dir / "second.tpl", [&] { return bytesOf(dir / "second.tpl") != "former"; });
-
-    const std::string first = bytesOf(dir / "first.tpl");
-    EXPECT_NE(first.find("\r\n1\r\n12\r\n34\r\n"), std::string::npos) << "entry 1 at 12, 34";
-    EXPECT_EQ(bytesOf(dir / "second.tpl"), first);
+    chooseFile(Ctl::cmdLoad, file, [&] { return rows() == 2; });
+    EXPECT_EQ(rows(), 2);
     EXPECT_FALSE(win32::Win32DurableFiles().flushToDisk(dir / "missing.tpl")) << "only what exists is flushed";
     fs::remove_all(dir);
+}
 
+TEST_F(FrontEnd, StartClicksTheWindowUnderThePoint) {
     RecordingWindow target({800, 500, 900, 580});
-    SetWindowPos(target.hwnd, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
     const std::pair<Ctl, const wchar_t*> run[] = {
         {Ctl::txtX, L"850"}, {Ctl::txtY, L"540"}, {Ctl::txtSeconds, L"0"}, {Ctl::txtMiliseconds, L"100"}};
-    for (const auto& [id, text] : run) quorlin.type(id, text);
-    quorlin.click(Ctl::optApplication);
-    quorlin.click(Ctl::cmdStart);
+    for (const auto& [id, text] : run) type(id, text);
+    click(Ctl::optApplication);
+    click(Ctl::cmdStart);
     const std::vector<Received> expected = {{0x0201, 1, 0x00280032}, {0x0202, 0, 0x00280032}};
     EXPECT_EQ(target.receive(2, 10000), expected);
 }
