@@ -199,32 +199,28 @@ struct LoadCase {
 
 const LoadCase kLoads[] = {
     {"EndsAfterTheRunSettingsWithTheListEmpty", imageOff() + runSettings(), [](ProjectFile& t) {
-         EXPECT_FALSE(t.m.vFirstRowUsed);
          t.w.frm.cmdAddtoList_Click();
-         EXPECT_EQ(t.m.fgResult.rowCount(), 2);
+         EXPECT_EQ(t.m.fgResult.rowCount(), 2) << "the first entry takes the blank row";
      }},
     {"EmptyRecordIsAnEntry", imageOff() + runSettings() + lines({"", "", "", "", "", "", "", "", "", "", "False", ""}),
      [](ProjectFile& t) {
-         EXPECT_TRUE(t.m.vFirstRowUsed);
          t.w.frm.cmdAddtoList_Click();
-         EXPECT_EQ(t.m.fgResult.rowCount(), 3);
+         EXPECT_EQ(t.m.fgResult.rowCount(), 3) << "the empty record took the blank row";
      }},
     {"AnExtraEmptyLineAddsARowAndEnds", imageOff() + runSettings() + record("1") + "\r\n", [](ProjectFile& t) {
-         EXPECT_EQ(t.m.fgResult.rowCount(), 3);
-         EXPECT_EQ(t.m.fgResult.cell(2, 0), "");
+         EXPECT_EQ((std::pair{t.m.fgResult.rowCount(), t.m.fgResult.cell(2, 0)}), (std::pair<int, std::string>(3, "")));
      }},
     {"AThirtyFirstRecordIsNotLoaded", [] {
          std::string file = imageOff() + runSettings();
          for (int i = 1; i <= 31; ++i) file += record(std::to_string(i).c_str());
          return file;
      }(), [](ProjectFile& t) {
-         EXPECT_EQ(t.m.fgResult.rowCount(), 31);
-         EXPECT_EQ(t.m.fgResult.cell(30, 0), "30");
+         EXPECT_EQ((std::pair{t.m.fgResult.rowCount(), t.m.fgResult.cell(30, 0)}),
+                   (std::pair<int, std::string>(31, "30")));
      }},
     {"OptionLinesMustBeExactlyTrue", imageOff({"True ", "true", "", "", "", "", "0"}) + runSettings(),
      [](ProjectFile& t) {
-         EXPECT_FALSE(t.w.form().selected(C::optImageInclude));
-         EXPECT_FALSE(t.w.form().selected(C::optImageNotInclude));
+         EXPECT_FALSE(t.w.form().selected(C::optImageInclude) || t.w.form().selected(C::optImageNotInclude));
      }},
     {"IntervalOptionsBothFalseKeepTheFormerChoice", imageOff() + "False\r\nFalse\r\n" + runSettings().substr(13),
      [](ProjectFile& t) { EXPECT_TRUE(t.w.form().selected(C::optRandom)); }},
@@ -244,9 +240,8 @@ const LoadCase kLoads[] = {
      [](ProjectFile& t) { EXPECT_FALSE(t.m.vFirstRowUsed) << "no record is read after the run settings failed"; }},
     {"CornersTakeTheLeadingNumberAndStopOutsideSixteenBits",
      imageOff({"True", "False", "12abc", "40000", "", "", "0"}) + runSettings(), [](ProjectFile& t) {
-         EXPECT_EQ(t.w.text(C::txtTopX), "12abc");
+         EXPECT_EQ(t.w.texts({C::txtTopX, C::txtTopY}), (std::vector<std::string>{"12abc", "40000"}));
          EXPECT_EQ(t.m.picture.iTopX, 12);
-         EXPECT_EQ(t.w.text(C::txtTopY), "40000");
          EXPECT_TRUE(t.w.form().selected(C::optApplication)) << "the load stopped after the corner 40000";
      }},
     {"MainPicturePixelsAreLenientRowPixelsStrict",
@@ -263,8 +258,8 @@ const LoadCase kLoads[] = {
     {"APictureCutShortShowsWhatArrivedAndEndsTheLoad",
      lines({"True", "False", "0", "0", "1", "1", "1", "1", "1", "5", "6", "7", "3000000000"}) + runSettings(),
      [](ProjectFile& t) {
-         EXPECT_EQ(t.m.pictureBox.pixel(1, 0), 7);
-         EXPECT_EQ(t.m.pictureBox.pixel(1, 1), PictureBox::kBackground);
+         EXPECT_EQ((std::pair{t.m.pictureBox.pixel(1, 0), t.m.pictureBox.pixel(1, 1)}),
+                   std::pair(7, PictureBox::kBackground));
          EXPECT_TRUE(t.w.form().selected(C::optApplication)) << "nothing after the picture was read";
      }},
     {"APictureWiderThanTheStoreEndsTheLoad",
@@ -284,16 +279,14 @@ const LoadCase kLoads[] = {
          return pixels;
      }() + lines({"-1", "1", "2", "3", "4"}) + record("2"),
      [](ProjectFile& t) {
-         EXPECT_FALSE(t.m.rows.bRowImage[1]);
-         EXPECT_EQ(t.m.fgResult.rowCount(), 2);
-         EXPECT_EQ(t.m.picture.pixel(1000, 0), 7);
+         EXPECT_EQ((std::tuple{t.m.rows.bRowImage[1], t.m.fgResult.rowCount(), t.m.picture.pixel(1000, 0)}),
+                   std::tuple(false, 2, 7));
      }},
     {"AnEmptyIncludeLineReadsAsZero",
      imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "", "1", "2", "3", "4"}) + record("2"),
      [](ProjectFile& t) {
-         EXPECT_EQ(t.m.rows.lRowInclude[1], 0);
-         EXPECT_EQ(t.m.rows.lRowRect[1], (std::array<std::int32_t, 4>{1, 2, 3, 4}));
-         EXPECT_EQ(t.m.fgResult.rowCount(), 3);
+         EXPECT_EQ((std::tuple{t.m.rows.lRowInclude[1], t.m.rows.lRowRect[1], t.m.fgResult.rowCount()}),
+                   std::tuple(0, std::array<std::int32_t, 4>{1, 2, 3, 4}, 3));
      }},
     {"EndsBeforeTheImageRecordsPictureYetClicksRunsAndSaves", imageOff() + runSettings() + record("1", "Yes"),
      [](ProjectFile& t) {
@@ -312,10 +305,8 @@ const LoadCase kLoads[] = {
          EXPECT_TRUE(t.saved().ends_with(lines({"Yes", "True", "Yes", "-1", "5", "-1", "1", "2", "3", "4"})));
      }},
     {"ARecordCutShortInItsCornersIsNoEntry",
-     imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "-1", "1", "2"}), [](ProjectFile& t) {
-         EXPECT_FALSE(t.m.vFirstRowUsed);
-         EXPECT_FALSE(t.m.rows.bRowImage[1]);
-     }},
+     imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "-1", "1", "2"}),
+     [](ProjectFile& t) { EXPECT_FALSE(t.m.vFirstRowUsed || t.m.rows.bRowImage[1]); }},
     {"AHugeConditionRectangleNeverSizesABuffer",
      imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "-1", "0", "0", "100000", "100000"}),
      [](ProjectFile& t) {
@@ -328,9 +319,8 @@ const LoadCase kLoads[] = {
      imageOff({"True", "False", "1", "2", "3", "4", "0"}) + "False\r\nTrue\r\nTrue\r\n0\r\n" +
          std::string(16 << 20 | 1, '7') + "\r\n" + runSettings().substr(24),
      [](ProjectFile& t) {
-         EXPECT_EQ(t.w.text(C::txtBottomY), "4");
-         EXPECT_EQ(t.w.text(C::txtText), "kept");
-         EXPECT_EQ(t.w.text(C::txtTrackNum), "1") << "nothing after the long line was read";
+         EXPECT_EQ(t.w.texts({C::txtBottomY, C::txtText, C::txtTrackNum}), (std::vector<std::string>{"4", "kept", "1"}))
+             << "nothing from the long line on was read";
      }},
     {"ALoneLfStaysInATextWhoseCrLfEndsWhereTheLongestLineDoes",
      imageOff() + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + std::string((16 << 20) - 3, 'b') + "\r\n" +
@@ -342,13 +332,13 @@ const LoadCase kLoads[] = {
                "\n") +
          "No",
      [](ProjectFile& t) {
-         EXPECT_EQ(t.m.fgResult.cell(1, colText).size(), std::size_t{9} << 20);
-         EXPECT_TRUE(t.m.vFirstRowUsed);
+         EXPECT_EQ((std::pair{t.m.fgResult.cell(1, colText).size(), t.m.vFirstRowUsed}),
+                   std::pair(std::size_t{9} << 20, true));
      }},
     {"ARecordWithoutImageReadsFollowingPictureLinesAsTheNextRecord",
      imageOff() + runSettings() + record("1") + lines({"0", "0", "255", "-1", "1", "2", "1", "2"}), [](ProjectFile& t) {
-         EXPECT_EQ(t.m.fgResult.rowCount(), 3);
-         EXPECT_EQ(t.m.fgResult.cell(2, 2), "255");
+         EXPECT_EQ((std::pair{t.m.fgResult.rowCount(), t.m.fgResult.cell(2, 2)}),
+                   (std::pair<int, std::string>(3, "255")));
      }},
 };
 
