@@ -37,10 +37,11 @@ TEST(WindowDefaults, FieldsOptionsAndHelpOfAFreshWindow) {
               "Maximum row count is 30.\r\n");
 }
 
-// Each change, made through the window, and the controls it must leave enabled and disabled.
+// The controls clicked in turn (an option is selected, a check box ticked or cleared) and
+// those that must then be enabled and disabled.
 struct Interlock {
     const char* name;
-    void (*change)(TestWindow&);
+    std::vector<Ctl> clicks;
     std::vector<Ctl> on;
     std::vector<Ctl> off;
 };
@@ -53,31 +54,27 @@ const std::vector<Ctl> kImage = {C::frmImage, C::optImageInclude, C::optImageNot
                                  C::txtBottomX, C::txtBottomY, C::lblTopX, C::lblTopY, C::lblBottomX, C::lblBottomY};
 
 const Interlock kInterlocks[] = {
-    {"Random", [](TestWindow& w) { w.frm.selectOption(C::optRandom); }, kRandomInterval, kFixedInterval},
-    {"CustomAgain", [](TestWindow& w) { w.frm.selectOption(C::optRandom), w.frm.selectOption(C::optCustom); },
-     kFixedInterval, kRandomInterval},
-    {"RecognizeImage", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1); }, kImage, {}},
-    {"RecognizeImageOff", [](TestWindow& w) { w.frm.setCheck(C::chkRecImage, 1), w.frm.setCheck(C::chkRecImage, 0); },
-     {C::cmdGetPic}, kImage},
-    {"NonStop", [](TestWindow& w) { w.frm.selectOption(C::optLoop); }, {}, {C::txtCount}},
-    {"CountAgain", [](TestWindow& w) { w.frm.selectOption(C::optLoop), w.frm.selectOption(C::optCount); },
-     {C::txtCount}, {}},
-    {"FromTrackWithNonStopTrack", [](TestWindow& w) {
-         w.frm.selectOption(C::optLooptrack);  // the program may select it while its frame is off
-         w.frm.selectOption(C::optFromTrack);
-     }, {C::frmTrack, C::optRepeatTrack, C::optLooptrack}, {C::txtTrackNum}},
-    {"RepeatTrack", [](TestWindow& w) { w.frm.selectOption(C::optFromTrack), w.frm.selectOption(C::optRepeatTrack); },
-     {C::txtTrackNum}, {}},
-    {"ManualAgain", [](TestWindow& w) { w.frm.selectOption(C::optFromTrack), w.frm.selectOption(C::optManual); },
-     {}, {C::frmTrack, C::optRepeatTrack, C::optLooptrack, C::txtTrackNum}},
-    {"TypeText", [](TestWindow& w) { w.frm.setCheck(C::chkText, 1); }, {C::txtText}, {}},
+    {"Random", {C::optRandom}, kRandomInterval, kFixedInterval},
+    {"CustomAgain", {C::optRandom, C::optCustom}, kFixedInterval, kRandomInterval},
+    {"RecognizeImage", {C::chkRecImage}, kImage, {}},
+    {"RecognizeImageOff", {C::chkRecImage, C::chkRecImage}, {C::cmdGetPic}, kImage},
+    {"NonStop", {C::optLoop}, {}, {C::txtCount}},
+    {"CountAgain", {C::optLoop, C::optCount}, {C::txtCount}, {}},
+    // The program may select "Non-Stop track" while its frame is off.
+    {"FromTrackWithNonStopTrack", {C::optLooptrack, C::optFromTrack}, {C::frmTrack, C::optRepeatTrack, C::optLooptrack},
+     {C::txtTrackNum}},
+    {"RepeatTrack", {C::optFromTrack, C::optRepeatTrack}, {C::txtTrackNum}, {}},
+    {"ManualAgain", {C::optFromTrack, C::optManual}, {},
+     {C::frmTrack, C::optRepeatTrack, C::optLooptrack, C::txtTrackNum}},
+    {"TypeText", {C::chkText}, {C::txtText}, {}},
 };
 
 class Interlocks : public ::testing::TestWithParam<Interlock> {};
 
 TEST_P(Interlocks, SwitchTheirControls) {
     TestWindow w;
-    GetParam().change(w);
+    for (Ctl c : GetParam().clicks)
+        c == C::chkRecImage || c == C::chkText ? w.frm.setCheck(c, 1 - w.form().value(c)) : w.frm.selectOption(c);
     for (Ctl c : GetParam().on) EXPECT_TRUE(w.form().enabled(c)) << indexOf(c);
     for (Ctl c : GetParam().off) EXPECT_FALSE(w.form().enabled(c)) << indexOf(c);
 }
