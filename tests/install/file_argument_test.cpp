@@ -48,11 +48,7 @@ TEST(FileArgument, StartsWithTheProjectLoadedInAWindowOfClassQuorlin) {
     Window shown = None;
     EXPECT_TRUE(quorlin::testing::eventually([&] { return (shown = windowWithPicture(x)) != None; }, 20s));
     std::filesystem::remove(project);
-    XClassHint hint{};
-    ASSERT_TRUE(XGetClassHint(x.display(), shown, &hint));
-    EXPECT_EQ(std::string(hint.res_name) + " " + hint.res_class, "quorlin quorlin");
-    XFree(hint.res_name);
-    XFree(hint.res_class);
+    EXPECT_EQ(quorlin::testing::windowText(x.display(), shown, "WM_CLASS"), std::string("quorlin\0quorlin\0", 16));
 }
 
 }  // namespace

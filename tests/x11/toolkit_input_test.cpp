@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdio>
 #include <map>
+#include <ranges>
 
 #include "x11_fixtures.h"
 
@@ -59,21 +60,11 @@ struct UserState {
     }
     // The windows that are there before and after are stacked in the same order.
     bool stackedAs(const UserState& before) const {
-        const auto inBoth = [](std::vector<Window> order, const std::vector<Window>& others) {
-            std::erase_if(order, [&](Window w) { return std::find(others.begin(), others.end(), w) == others.end(); });
-            return order;
-        };
-        return inBoth(stacking, before.stacking) == inBoth(before.stacking, stacking);
+        const auto in = [](const auto& ws) { return [&ws](Window w) { return std::ranges::count(ws, w) > 0; }; };
+        return std::ranges::equal(stacking | std::views::filter(in(before.stacking)),
+                                  before.stacking | std::views::filter(in(stacking)));
     }
 };
-
-std::string titleOf(Display* d, Window w) {
-    char* name = nullptr;
-    std::string title;
-    if (XFetchName(d, w, &name) && name) title = name;
-    if (name) XFree(name);
-    return title;
-}
 
 using Lines = std::vector<std::string>;
 const Lines kClicks{"clicked", "clicked", "clicked"}, kTwoClicks{"clicked", "clicked"}, kOneClick{"clicked"};
@@ -166,8 +157,7 @@ struct Desk {
     }
 };
 
-class RealClients : public ::testing::TestWithParam<Case> {
-protected:
+struct RealClients : ::testing::TestWithParam<Case> {
     static void SetUpTestSuite() { desk = std::make_unique<Desk>(); }
     static void TearDownTestSuite() { desk.reset(); }
     static inline std::unique_ptr<Desk> desk;
@@ -197,10 +187,10 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
     }
     EXPECT_EQ(app.lines(reaction->size()), *reaction);
     if (typing && t.notice) {
-        EXPECT_EQ(titleOf(desk->d, desk->own), t.notice);
+        EXPECT_EQ(windowText(desk->d, desk->own, "WM_NAME"), t.notice);
         XStoreName(desk->d, desk->own, "Quorlin");
         post(desk->desktop, app.at("button"), Action::Click, "again\r");
-        EXPECT_EQ(titleOf(desk->d, desk->own), "Quorlin") << "the notice is given once per target";
+        EXPECT_EQ(windowText(desk->d, desk->own, "WM_NAME"), "Quorlin") << "the notice is given once per target";
         app.lines(1);
     }
     desk->desktop.finishStep();

@@ -18,7 +18,6 @@ int main(int argc, char** argv) {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);  // each line reaches the test as it happens
     QApplication app(argc, argv);
     QWidget window;
-    window.setWindowTitle("qt target");
     auto* layout = new QVBoxLayout(&window);
     auto* button = new Button("Press");
     button->setMinimumSize(200, 60);

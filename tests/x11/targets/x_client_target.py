@@ -32,9 +32,8 @@ def report_button(*window):
 def xmessage():
     client = start(["xmessage", "-geometry", "+800+520", "-print", "-buttons", "Press", "xmessage target"])
     report_button("-name", "xmessage")
-    for line in client.stdout:
-        if line.strip() == "Press":
-            print("clicked", flush=True)
+    if client.stdout.readline().strip() == "Press":
+        print("clicked", flush=True)
 
 
 def xterm():
