@@ -11,6 +11,8 @@
 namespace quorlin::testing {
 namespace {
 
+using namespace ::testing;
+
 // A program started by the test that reports on its standard output, one line each,
 // where its controls are ("at button 310 245") and what happened to it ("clicked").
 struct TargetApp : ChildProcess {
@@ -24,9 +26,6 @@ struct TargetApp : ChildProcess {
             if (std::sscanf(line->c_str(), "at %15s %d %d", name, &p.x, &p.y) == 3) places[name] = p;
         }
     }
-
-    // A client without an entry is typed into where it is clicked.
-    ScreenPoint at(const std::string& name) const { return places.at(places.count(name) ? name : "button"); }
 
     // The lines that arrive until `count` have come, and any extra ones that follow closely.
     std::vector<std::string> lines(std::size_t count) {
@@ -103,7 +102,7 @@ const std::map<std::string, Target>& targets() {
 
 using Case = std::tuple<std::string, Action>;
 
-std::string nameOf(const ::testing::TestParamInfo<Case>& info) {
+std::string nameOf(const TestParamInfo<Case>& info) {
     const auto& [target, action] = info.param;
     return target + std::array{"Click", "DBClick", "RightClick", "Typing"}[static_cast<int>(action)];
 }
@@ -157,7 +156,7 @@ struct Desk {
     }
 };
 
-struct RealClients : ::testing::TestWithParam<Case> {
+struct RealClients : TestWithParam<Case> {
     static void SetUpTestSuite() { desk = std::make_unique<Desk>(); }
     static void TearDownTestSuite() { desk.reset(); }
     static inline std::unique_ptr<Desk> desk;
@@ -177,7 +176,7 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
     const UserState before = UserState(desk->d);
     ASSERT_EQ(before.focus, desk->user);
     const bool typing = action == Action::Typing;
-    const ScreenPoint at = app.at(typing ? "entry" : "button");
+    const ScreenPoint at = app.places.at(typing ? "entry" : "button");
     post(desk->desktop, at, action, typing ? "Hello, 1!\xE9\r\n" : "");
     // A click of a step of its own, then a "Web browser" click, whose second click
     // follows after a short pause.
@@ -189,7 +188,7 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
     if (typing && t.notice) {
         EXPECT_EQ(windowText(desk->d, desk->own, "WM_NAME"), t.notice);
         XStoreName(desk->d, desk->own, "Quorlin");
-        post(desk->desktop, app.at("button"), Action::Click, "again\r");
+        post(desk->desktop, app.places.at("button"), Action::Click, "again\r");
         EXPECT_EQ(windowText(desk->d, desk->own, "WM_NAME"), "Quorlin") << "the notice is given once per target";
         app.lines(1);
     }
@@ -203,11 +202,9 @@ TEST_P(RealClients, ReactAsToTheUsersOwnInputWhilePointerFocusStackingAndKeymapS
 }
 
 // A browser covers the whole screen: one's cases end before the next one starts.
-const auto kActions = ::testing::Values(Action::Click, Action::DBClick, Action::RightClick, Action::Typing);
-INSTANTIATE_TEST_SUITE_P(Toolkits, RealClients,
-                         ::testing::Combine(::testing::Values("gtk", "tk", "qt", "xterm", "xaw"), kActions), nameOf);
-INSTANTIATE_TEST_SUITE_P(Browsers, RealClients, ::testing::Combine(::testing::Values("firefox", "chromium"), kActions),
-                         nameOf);
+const auto kActions = Values(Action::Click, Action::DBClick, Action::RightClick, Action::Typing);
+INSTANTIATE_TEST_SUITE_P(Toolkits, RealClients, Combine(Values("gtk", "tk", "qt", "xterm", "xaw"), kActions), nameOf);
+INSTANTIATE_TEST_SUITE_P(Browsers, RealClients, Combine(Values("firefox", "chromium"), kActions), nameOf);
 
 }  // namespace
 }  // namespace quorlin::testing

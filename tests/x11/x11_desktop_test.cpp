@@ -104,13 +104,9 @@ Colour singlePixel(Display* d, int x, int y) {
 TEST_F(X11DesktopTest, TheBulkReadEqualsOnePixelReadsWithRedInTheLowByteAndOffScreenAsMinusOne) {
     RecordingWindow canvas{600, 400, 40, 10};
     Display* d = canvas.display();
-    GC gc = XCreateGC(d, canvas.id(), 0, nullptr);
     const unsigned long colours[] = {0xFF0000, 0x00FF00, 0x0000FF, 0x123456};  // 0x00RRGGBB on the server
-    for (int i = 0; i < 4; ++i) {
-        XSetForeground(d, gc, colours[i]);
-        XFillRectangle(d, canvas.id(), gc, i * 10, 0, 10, 10);
-    }
-    XFreeGC(d, gc);
+    for (int i = 0; i < 4; ++i) XCreateSimpleWindow(d, canvas.id(), i * 10, 0, 10, 10, 0, 0, colours[i]);
+    XMapSubwindows(d, canvas.id());
     XSync(d, False);
 
     const ScreenRect rect{595, 398, 645, 412};
