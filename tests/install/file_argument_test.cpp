@@ -47,7 +47,8 @@ TEST(FileArgument, StartsWithTheProjectLoadedInAWindowOfClassQuorlin) {
     EXPECT_TRUE(
         quorlin::testing::eventually([&] { return (shown = windowWithPicture(x)) != None; }, std::chrono::seconds(20)));
     std::filesystem::remove(project);
-    EXPECT_EQ(quorlin::testing::windowText(x.display(), shown, "WM_CLASS"), std::string("quorlin\0quorlin\0", 16));
+    EXPECT_EQ(quorlin::testing::windowProperty<std::string>(x.display(), shown, "WM_CLASS"),
+              std::string("quorlin\0quorlin\0", 16));
 }
 
 }  // namespace

@@ -72,25 +72,21 @@ private:
     std::string pending_;
 };
 
-// A property of a window as its items (atoms, cardinals, the bytes of a text); empty when it is not set.
-inline std::vector<unsigned long> windowProperty(Display* d, Window w, const char* name) {
+// A property of a window as its items (atoms, cardinals; a text's bytes as a string); empty when it is not set.
+template <class Items = std::vector<unsigned long>>
+Items windowProperty(Display* d, Window w, const char* name) {
     Atom type = None;
     int format = 0;
     unsigned long count = 0, after = 0;
     unsigned char* data = nullptr;
     XGetWindowProperty(d, w, XInternAtom(d, name, False), 0, 64, False, AnyPropertyType, &type, &format, &count,
                        &after, &data);
-    std::vector<unsigned long> items;
+    Items items;
     const auto* first = reinterpret_cast<unsigned long*>(data);
     if (data && format == 32) items.assign(first, first + count);
     if (data && format == 8) items.assign(data, data + count);
     if (data) XFree(data);
     return items;
-}
-
-inline std::string windowText(Display* d, Window w, const char* name) {
-    const auto bytes = windowProperty(d, w, name);
-    return {bytes.begin(), bytes.end()};
 }
 
 // An X server of the test's own, made $DISPLAY while it lives, for changes no other test

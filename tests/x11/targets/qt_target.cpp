@@ -27,10 +27,8 @@ int main(int argc, char** argv) {
     layout->addWidget(entry);
     QObject::connect(button, &QPushButton::clicked, [] { std::puts("clicked"); });
     QObject::connect(button, &QPushButton::customContextMenuRequested, [] { std::puts("menu"); });
-    QObject::connect(entry, &QLineEdit::returnPressed, [entry] {
-        std::printf("text %s\n", entry->text().toUtf8().constData());
-        entry->clear();
-    });
+    QObject::connect(entry, &QLineEdit::returnPressed,
+                     [entry] { std::printf("text %s\n", entry->text().toUtf8().constData()); });
     window.move(640, 200);
     window.show();
     QTimer::singleShot(500, [&] {
