@@ -11,8 +11,6 @@
 
 namespace {
 
-using namespace std::chrono_literals;
-
 // A project with no track list and a 16 x 16 reference picture of RGB (0x12, 0x34, 0x56),
 // a colour nothing else on the test screen has.
 std::string projectWithPicture() {
@@ -46,13 +44,11 @@ TEST(FileArgument, StartsWithTheProjectLoadedInAWindowOfClassQuorlin) {
 
     quorlin::testing::ChildProcess quorlin({QUORLIN_BINARY, project.string()});
     Window shown = None;
-    EXPECT_TRUE(quorlin::testing::eventually([&] { return (shown = windowWithPicture(x)) != None; }, 20s));
+    EXPECT_TRUE(
+        quorlin::testing::eventually([&] { return (shown = windowWithPicture(x)) != None; }, std::chrono::seconds(20)));
     std::filesystem::remove(project);
-    XClassHint hint{};
-    ASSERT_TRUE(XGetClassHint(x.display(), shown, &hint));
-    EXPECT_EQ(std::string(hint.res_name) + " " + hint.res_class, "quorlin quorlin");
-    XFree(hint.res_name);
-    XFree(hint.res_class);
+    EXPECT_EQ(quorlin::testing::windowProperty<std::string>(x.display(), shown, "WM_CLASS"),
+              std::string("quorlin\0quorlin\0", 16));
 }
 
 }  // namespace

@@ -7,13 +7,11 @@
 #include <X11/Xutil.h>
 #include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <stdexcept>
@@ -25,12 +23,10 @@
 #include "run/window_messages.h"
 #include "x11/x11_desktop.h"
 
-extern char** environ;
-
 namespace quorlin::testing {
 
 // Whether `done` comes true within the patience, asked again every few milliseconds.
-inline bool eventually(const std::function<bool()>& done, std::chrono::milliseconds patience) {
+inline bool eventually(const auto& done, std::chrono::milliseconds patience) {
     for (const auto until = std::chrono::steady_clock::now() + patience; !done();
          std::this_thread::sleep_for(std::chrono::milliseconds(5)))
         if (std::chrono::steady_clock::now() >= until) return false;
@@ -40,25 +36,17 @@ inline bool eventually(const std::function<bool()>& done, std::chrono::milliseco
 // A program the test starts, reads line by line and ends with itself.
 class ChildProcess {
 public:
-    explicit ChildProcess(std::vector<std::string> argv, bool quiet = false) {
-        int out[2];
-        if (pipe2(out, O_CLOEXEC) != 0) return;
-        fcntl(out[0], F_SETFL, O_NONBLOCK);
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
-        if (quiet) posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
-        std::vector<char*> args;
-        for (auto& a : argv) args.push_back(a.data());
-        args.push_back(nullptr);
-        if (posix_spawnp(&pid_, args[0], &actions, nullptr, args.data(), environ) != 0) pid_ = 0;
-        posix_spawn_file_actions_destroy(&actions);
-        close(out[1]);
-        fd_ = out[0];
+    // The shell reports its process id, which `exec` hands on to the program.
+    explicit ChildProcess(const std::vector<std::string>& argv, bool quiet = false) {
+        std::string command = "echo $$; exec";
+        for (const std::string& arg : argv) command += " '" + arg + "'";
+        out_ = popen((command + (quiet ? " 2>/dev/null" : "")).c_str(), "re");
+        fcntl(fileno(out_), F_SETFL, O_NONBLOCK);
+        pid_ = std::stoi(nextLine(std::chrono::seconds(5)).value_or("0"));
     }
     ~ChildProcess() {
-        if (pid_) kill(pid_, SIGTERM), waitpid(pid_, nullptr, 0);
-        if (fd_ >= 0) close(fd_);
+        if (pid_) kill(pid_, SIGTERM);
+        pclose(out_);
     }
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
@@ -68,7 +56,7 @@ public:
         std::size_t end = std::string::npos;
         const auto whole = [&] {
             char buffer[512];
-            for (ssize_t n; (n = read(fd_, buffer, sizeof buffer)) > 0;)
+            for (ssize_t n; (n = read(fileno(out_), buffer, sizeof buffer)) > 0;)
                 pending_.append(buffer, static_cast<std::size_t>(n));
             return (end = pending_.find('\n')) != std::string::npos;
         };
@@ -79,22 +67,24 @@ public:
     }
 
 private:
+    FILE* out_;
     pid_t pid_ = 0;
-    int fd_ = -1;
     std::string pending_;
 };
 
-// A property of a window as 32-bit items (atoms, cardinals); empty when it is not set.
-inline std::vector<unsigned long> windowProperty(Display* d, Window w, const char* name) {
+// A property of a window as its items (atoms, cardinals; a text's bytes as a string); empty when it is not set.
+template <class Items = std::vector<unsigned long>>
+Items windowProperty(Display* d, Window w, const char* name) {
     Atom type = None;
     int format = 0;
     unsigned long count = 0, after = 0;
     unsigned char* data = nullptr;
     XGetWindowProperty(d, w, XInternAtom(d, name, False), 0, 64, False, AnyPropertyType, &type, &format, &count,
                        &after, &data);
-    std::vector<unsigned long> items;
+    Items items;
     const auto* first = reinterpret_cast<unsigned long*>(data);
     if (data && format == 32) items.assign(first, first + count);
+    if (data && format == 8) items.assign(data, data + count);
     if (data) XFree(data);
     return items;
 }
@@ -200,17 +190,6 @@ public:
             if (e.type == ButtonPress || e.type == ButtonRelease)
                 seen.emplace_back(e.type, e.xbutton.button, e.xbutton.x, e.xbutton.y);
         return seen;
-    }
-
-    // The text the key presses received so far spell, as the window's own lookup reads them.
-    std::string typed() {
-        std::string text;
-        for (XEvent& e : events_) {
-            char buffer[8];
-            const int n = e.type == KeyPress ? XLookupString(&e.xkey, buffer, sizeof buffer, nullptr, nullptr) : 0;
-            text.append(buffer, static_cast<std::size_t>(n));
-        }
-        return text;
     }
 
 private:

@@ -11,11 +11,6 @@ def pressed(_, event):
         print("menu", flush=True)
 
 
-def entered(entry):
-    print("text", entry.get_text(), flush=True)
-    entry.set_text("")
-
-
 def report():
     _, ox, oy = window.get_window().get_origin()
     for name, widget in (("button", button), ("entry", entry)):
@@ -27,12 +22,11 @@ def report():
 window = Gtk.Window(title="gtk target")
 window.move(200, 200)
 box = Gtk.Box(orientation=Gtk.Orientation.VERTICAL)
-button = Gtk.Button(label="Press")
-button.set_size_request(200, 60)
+button = Gtk.Button(label="Press", width_request=200, height_request=60)
 button.connect("clicked", lambda _: print("clicked", flush=True))
 button.connect("button-press-event", pressed)
 entry = Gtk.Entry()
-entry.connect("activate", entered)
+entry.connect("activate", lambda _: print("text", entry.get_text(), flush=True))
 box.add(button)
 box.add(entry)
 window.add(box)

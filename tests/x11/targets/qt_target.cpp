@@ -18,7 +18,6 @@ int main(int argc, char** argv) {
     std::setvbuf(stdout, nullptr, _IOLBF, 0);  // each line reaches the test as it happens
     QApplication app(argc, argv);
     QWidget window;
-    window.setWindowTitle("qt target");
     auto* layout = new QVBoxLayout(&window);
     auto* button = new Button("Press");
     button->setMinimumSize(200, 60);
@@ -28,10 +27,8 @@ int main(int argc, char** argv) {
     layout->addWidget(entry);
     QObject::connect(button, &QPushButton::clicked, [] { std::puts("clicked"); });
     QObject::connect(button, &QPushButton::customContextMenuRequested, [] { std::puts("menu"); });
-    QObject::connect(entry, &QLineEdit::returnPressed, [entry] {
-        std::printf("text %s\n", entry->text().toUtf8().constData());
-        entry->clear();
-    });
+    QObject::connect(entry, &QLineEdit::returnPressed,
+                     [entry] { std::printf("text %s\n", entry->text().toUtf8().constData()); });
     window.move(640, 200);
     window.show();
     QTimer::singleShot(500, [&] {

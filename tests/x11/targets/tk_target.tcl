@@ -9,7 +9,7 @@ button .b -text Press -width 20 -height 3 -command {say clicked}
 bind .b <Double-1> {say double}
 bind .b <3> {say menu}
 entry .e -width 30
-bind .e <Return> {say text [.e get]; .e delete 0 end}
+bind .e <Return> {say text [.e get]}
 pack .b .e
 update
 after 300 {
