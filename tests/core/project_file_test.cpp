@@ -180,14 +180,14 @@ TEST_F(ProjectFile, PixelLinesOfOtherFormsAmidPlainOnesTakeTheirRuleAndATextEnds
     std::string file = lines({"True", "False", "0", "0", "0", "0", "1", "1000", "1000"});
     for (int i = 0; i < 1001 * 1001; ++i) file += i % 100000 == 99999 ? "&H10 \r\n" : std::to_string(i) + "\r\n";
     // No CR LF follows the text's LF, so its look-ahead runs to the end of the file.
-    std::string tail = runSettings().substr(24) + record("1", "Yes") + lines({"0", "2", "4", "5.0", ""});
+    std::string tail = runSettings().substr(24) + record("1", "Yes") + lines({"0", "2", "4", "", "5.0"});
     std::erase(tail, '\r');
     load(file + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + tail);
     EXPECT_EQ(w.text(C::txtText), "a");
     EXPECT_EQ(m.picture.pixel(99, 900), 16) << "the main picture takes the leading number";
     EXPECT_EQ(m.picture.pixel(199, 800), 16);
     EXPECT_EQ(m.picture.pixel(1000, 1000), 1001 * 1001 - 1);
-    EXPECT_EQ(m.rows.lRowPixels[1].pixels, (std::vector<Colour>{4, 5, 0})) << "a row takes a whole number";
+    EXPECT_EQ(m.rows.lRowPixels[1].pixels, (std::vector<Colour>{4, 0, 5})) << "a row takes a whole number";
     EXPECT_EQ(m.picture.pixel(0, 3), 3) << "the row lies over the picture only where it was read";
 }
 

@@ -24,6 +24,7 @@ TEST(WindowDefaults, FieldsOptionsAndHelpOfAFreshWindow) {
         EXPECT_FALSE(w.form().enabled(c)) << indexOf(c);
     for (Ctl c : {C::txtX, C::txtY, C::txtCount, C::txtSeconds, C::optImageInclude}) EXPECT_TRUE(w.form().enabled(c));
     EXPECT_EQ(w.desktop.topMostCalls, (std::vector<std::pair<WindowHandle, bool>>{{0x1000, true}}));
+    EXPECT_EQ(w.gridRow(0), (Cells{"#", "X", "Y", "Intr Type", "Interval", "Type", "Rep", "Fill", "Text", "Image"}));
     EXPECT_EQ(w.text(C::txtComments),
               "To set X ,Y coordinates move the mouse to desired \r\n"
               "position. Coordinates will appear on the left side. Copy \r\n"

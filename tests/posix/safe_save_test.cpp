@@ -77,7 +77,7 @@ TEST_F(SafeSave, ConcurrentSavesEachLeaveAWholeFileAndClearOnlyStaleTemporaries)
     put(dir / ".setup.tpl.0123456789abcdef.saving", "cut off long ago");
     put(dir / ".setup.tpl.fedcba9876543210.saving", "another save in progress");
     fs::last_write_time(dir / ".setup.tpl.0123456789abcdef.saving",
-                        fs::file_time_type::clock::now() - std::chrono::hours(2));
+                        fs::file_time_type::clock::now() - std::chrono::minutes(90));
     const std::string first(3 << 20, 'a'), second(3 << 20, 'b');
     for (int round = 0; round < 5; ++round) {
         std::thread other([&] { save(second, file); });
