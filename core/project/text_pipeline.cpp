@@ -32,7 +32,6 @@ bool TextPipeline::add(std::span<const char> text) {
 }
 
 bool TextPipeline::addPixels(int columns, std::size_t height, const ColumnSource& source) {
-    if (columns <= 0 || height == 0) return !failed_;
     const std::size_t perPart = std::max<std::size_t>(1, kPixelsPerPart / height);
     for (std::size_t from = 0; from < static_cast<std::size_t>(columns); from += perPart) {
         while (!failed_ && formatting_ >= kPartsAheadPerCore * cores_) writeOldest();

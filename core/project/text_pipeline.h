@@ -27,8 +27,8 @@ public:
     // Each is false once the sink has failed; nothing more reaches it then. Text added
     // may be written later: `finish` writes what is still queued.
     bool add(std::span<const char> text);
-    // The number lines of the pixels, column by column. What `source` reads must stay
-    // as it is until `finish`.
+    // The number lines of the pixels, column by column, of a picture at least one pixel in
+    // each direction. What `source` reads must stay as it is until `finish`.
     bool addPixels(int columns, std::size_t height, const ColumnSource& source);
     bool finish();
 

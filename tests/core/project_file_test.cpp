@@ -182,6 +182,7 @@ TEST_F(ProjectFile, PixelLinesOfOtherFormsAmidPlainOnesTakeTheirRuleAndATextEnds
     // No CR LF follows the text's LF, so its look-ahead runs to the end of the file.
     std::string tail = runSettings().substr(24) + record("1", "Yes") + lines({"0", "2", "4", "", "5.0"});
     std::erase(tail, '\r');
+    tail.insert(tail.find("\n\n") + 1, "1\r2");  // a lone CR is no line end
     load(file + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + tail);
     EXPECT_EQ(w.text(C::txtText), "a");
     EXPECT_EQ(m.picture.pixel(99, 900), 16) << "the main picture takes the leading number";
@@ -297,11 +298,13 @@ const LoadCase kLoads[] = {
          t.save();
          EXPECT_TRUE(t.saved().ends_with(lines({"Yes", "False", "Yes", "0", "0", "0", "0", "0", "0", "0", "0"})));
      }},
-    {"ANegativePictureSizeHoldsNoPixelsAndSavesAsItCame",
-     imageOff() + runSettings() + record("1", "Yes") + lines({"-1", "5", "-1", "1", "2", "3", "4"}),
+    {"NegativePictureSizesHoldNoPixelsAndSaveAsTheyCame",
+     lines({"True", "False", "0", "0", "0", "0", "1", "5", "-1"}) + runSettings() + record("1", "Yes") +
+         lines({"-1", "5", "-1", "1", "2", "3", "4"}),
      [](ProjectFile& t) {
          EXPECT_TRUE(t.m.rows.lRowPixels[1].pixels.empty());
          t.save();
+         EXPECT_TRUE(t.saved().starts_with(lines({"True", "False", "0", "0", "0", "0", "1", "5", "-1", "False"})));
          EXPECT_TRUE(t.saved().ends_with(lines({"Yes", "True", "Yes", "-1", "5", "-1", "1", "2", "3", "4"})));
      }},
     {"ARecordCutShortInItsCornersIsNoEntry",

@@ -152,7 +152,7 @@ TEST(WindowLayout, StaysAsDescribedControlForControl) {
     }
     EXPECT_EQ(windowLayout().size(), 72u);
     EXPECT_EQ(digest, 4519930299312001554ull);
-    EXPECT_EQ((std::pair{kClientWidthTwips, kClientHeightTwips}), (std::pair{6825, 9345}));
+    EXPECT_EQ((std::tuple{kClientWidthTwips, kClientHeightTwips, kTwipsPerPixel}), (std::tuple{6825, 9345, 15}));
 }
 
 // Every start of the program draws the same sequence: the Mersenne twister from seed 5489,
