@@ -1,6 +1,7 @@
 #include "form/entry_form.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "text/value_of_text.h"
@@ -53,13 +54,14 @@ constexpr const char* kGeneralHelp =
     "         \r\n"
     "Maximum row count is 30.\r\n";
 
-}  // namespace
-
+// The option group an option belongs to.
 std::span<const Ctl> optionGroupOf(Ctl option) {
     for (auto group : kGroups)
         if (std::find(group.begin(), group.end(), option) != group.end()) return group;
     return {};
 }
+
+}  // namespace
 
 EntryForm::EntryForm() {
     for (Ctl c : kSelectedAtStart) at(c).selected = true;

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <array>
-#include <span>
 #include <string>
 
 #include "form/controls.h"
@@ -78,8 +77,5 @@ private:
     FormObserver* observer_ = nullptr;
     ReactionSink* reactions_ = nullptr;
 };
-
-// The option group an option belongs to, as the other options of its group.
-std::span<const Ctl> optionGroupOf(Ctl option);
 
 }  // namespace quorlin
