@@ -51,6 +51,7 @@ TEST_F(Capture, TakesTheRectangleInOneReadDrawsItCutAtTheBoxAndKeepsLeftoversAnd
     EXPECT_EQ(box.pixel(0, 0), PictureBox::kBackground);
     capture("10", "20", "12", "10");
     EXPECT_EQ(lastIndices(), std::pair(2, -1));
+    EXPECT_EQ(w.screen.reads.size(), 4u) << "reversed edges read nothing";
     capture("5", "5", "5", "5");
     EXPECT_EQ(lastIndices(), std::pair(0, 0)) << "a single pixel leaves extents of zero";
 }

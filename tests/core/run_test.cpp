@@ -180,8 +180,7 @@ TEST_F(ManualRun, StopLetsTheStepInProgressFinishAndDisarmsBothTimersAsARefusedS
     w.clock.advanceBy(60'000);
     EXPECT_EQ(times, (std::vector<long>{1000}));
     EXPECT_EQ(w.desktop.posted.size(), 2u) << "the step in progress is not cut short";
-    EXPECT_EQ(w.clock.interval(TimerId::tmrCount), 0);
-    EXPECT_EQ(w.clock.interval(TimerId::tmrLoop), 0);
+    EXPECT_EQ((std::pair{w.clock.interval(TimerId::tmrCount), w.clock.interval(TimerId::tmrLoop)}), std::pair(0, 0));
 
     w.frm.selectOption(C::optLoop);
     w.frm.cmdStart_Click();
@@ -336,8 +335,7 @@ TEST_F(TrackRun, TheGateNeedsAnEntryOrANumberOneWithoutASourceOption) {
     EXPECT_TRUE(w.clock.intervals.empty());
     EXPECT_EQ(w.model().fgResult.row(), 1) << "even a refused run starts at the first row";
 
-    add("1", "1");
-    w.model().setEntryCells(1, {"01", "1", "0", "Custom", "0:1:0", "Click", "1", "No", "", "No"});
+    w.putRow(1, {"01", "1", "0", "Custom", "0:1:0", "Click", "1", "No", "", "No"});
     w.model().form.deselectOption(C::optFromTrack);  // a loaded file may leave both sources off
     w.frm.cmdStart_Click();
     EXPECT_EQ(w.messages().size(), 2u);

@@ -156,8 +156,7 @@ TEST_F(TrackEdit, EntriesKeepTheirOwnCopiesOfTheCapturedPixels) {
     w.frm.selectOption(C::optImageInclude);
     w.addAt("2", 2000);
     const RowPicture& p = w.rowPicture(1);
-    EXPECT_EQ(p.pixels.size(), 12u);
-    EXPECT_EQ(p.at(2, 3), 7003);
+    EXPECT_EQ((std::pair{p.pixels.size(), p.at(2, 3)}), std::pair(std::size_t{12}, 7003));
     EXPECT_EQ((std::pair{m.rows.lRowInclude[1], m.rows.lRowInclude[2]}), std::pair(0, -1));
     EXPECT_EQ(m.rows.lRowRect[1], (std::array<std::int32_t, 4>{600, 500, 602, 503}));
 
@@ -169,8 +168,7 @@ TEST_F(TrackEdit, EntriesKeepTheirOwnCopiesOfTheCapturedPixels) {
     m.picture.pixel(0, 0) = 1;
     EXPECT_EQ(w.rowPicture(1).at(0, 0), 5000) << "the loaded picture is a copy";
     w.frm.cmdUpdate_Click();
-    EXPECT_EQ(w.rowPicture(1).lastX, 1);
-    EXPECT_EQ(w.rowPicture(1).at(1, 0), 10000);
+    EXPECT_EQ((std::pair{w.rowPicture(1).lastX, w.rowPicture(1).at(1, 0)}), std::pair(1, 10000));
     EXPECT_EQ(w.rowPicture(2).at(2, 2), 4002) << "the other entry keeps its own picture";
     w.frm.setCheck(C::chkRecImage, 0);
     w.frm.cmdUpdate_Click();
@@ -309,6 +307,8 @@ TEST_F(TrackEdit, AnImageRowBecomesTheReferencePictureARowWithoutImageForgetsOnl
 TEST_F(TrackEdit, TheHeaderRowIsNoEntryAndTheBlankRowLoadsAnEmptyPointAndTakesAnUpdate) {
     w.frm.cmdUpdate_Click();
     EXPECT_FALSE(m.vFirstRowUsed) << "after start the header row is current";
+    w.frm.fgResult_Click(2, 2);  // beyond the last row
+    w.frm.fgResult_RowColChange(2, 2);
     w.frm.fgResult_Click(0, 2);
     EXPECT_EQ((std::pair{w.text(C::txtX), m.fgResult.row()}), (std::pair<std::string, int>("10", 0)));
     w.frm.fgResult_Click(1, 0);
@@ -321,8 +321,7 @@ TEST_F(TrackEdit, TheHeaderRowIsNoEntryAndTheBlankRowLoadsAnEmptyPointAndTakesAn
 // The view learns of every change of the controls, the grid and the picture box from the model itself.
 TEST_F(TrackEdit, TheObserverHearsOfEveryControlGridAndPictureBoxChange) {
     struct Counter : FormObserver {
-        int grid = 0;
-        int box = 0;
+        int grid = 0, box = 0;
         std::vector<Ctl> controls;
         void controlChanged(Ctl c) override { controls.push_back(c); }
         void gridChanged() override { ++grid; }

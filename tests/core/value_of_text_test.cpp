@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 #include "text/eight_digits.h"
@@ -32,16 +33,12 @@ TEST(Rounding, HalvesGoToTheEvenNeighbourAndFailOutsideTheTarget) {
     const std::pair<double, double> halves[] = {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-2.5, -2}, {-3.5, -4},
                                                 {13.5, 14}, {2.4999, 2}, {2.6, 3}, {-0.6, -1}};
     for (auto [value, rounded] : halves) EXPECT_EQ(roundHalfEven(value), rounded) << value;
-    EXPECT_EQ(toInt16(32767.4), 32767);
-    EXPECT_EQ(toInt16(32767.5), std::nullopt);
-    EXPECT_EQ(toInt16(-32768.5), -32768);
-    EXPECT_EQ(toInt16(-32769), std::nullopt);
-    EXPECT_EQ(toInt32(2147483648.0), std::nullopt);
-    EXPECT_EQ(toInt32(-2147483648.0), -2147483647 - 1);
-    EXPECT_EQ(toInt32(NAN), std::nullopt);
-    EXPECT_EQ(clampToInt32(3e10), 2147483647);
-    EXPECT_EQ(clampToInt32(-3e10), -2147483647 - 1);
-    EXPECT_EQ(clampToInt32(-7.5), -8);
+    EXPECT_EQ((std::array{toInt16(32767.4), toInt16(32767.5), toInt16(-32768.5), toInt16(-32769)}),
+              (std::array<std::optional<std::int16_t>, 4>{32767, std::nullopt, -32768, std::nullopt}));
+    EXPECT_EQ((std::array{toInt32(2147483648.0), toInt32(-2147483648.0), toInt32(NAN)}),
+              (std::array<std::optional<std::int32_t>, 3>{std::nullopt, -2147483647 - 1, std::nullopt}));
+    EXPECT_EQ((std::array{clampToInt32(3e10), clampToInt32(-3e10), clampToInt32(-7.5)}),
+              (std::array{2147483647, -2147483647 - 1, -8}));
 }
 
 TEST(PlainInteger, IsOnlyASignAndUpToTenDigitsWithin32Bits) {
