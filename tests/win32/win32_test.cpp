@@ -221,7 +221,7 @@ protected:
         HWND name = GetDlgItem(dialog, cmb13) ? GetDlgItem(dialog, cmb13) : GetDlgItem(dialog, edt1);
         SendMessageW(name, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(path.wstring().c_str()));
         PostMessageW(dialog, WM_COMMAND, IDOK, 0);
-        pumpMessages(10000, done);
+        pumpMessages(30000, done);
     }
 
 private:
