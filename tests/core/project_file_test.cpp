@@ -284,11 +284,14 @@ const LoadCase kLoads[] = {
          EXPECT_EQ((std::tuple{t.m.rows.bRowImage[1], t.m.fgResult.rowCount(), t.m.picture.pixel(1000, 0)}),
                    std::tuple(false, 2, 7));
      }},
-    {"AnEmptyIncludeLineReadsAsZero",
-     imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "", "1", "2", "3", "4"}) + record("2"),
+    {"IncludeLinesEmptyOrOtherThanMinusOneReadAsZero",
+     imageOff() + runSettings() + record("1", "Yes") + lines({"0", "0", "7", "", "1", "2", "3", "4"}) +
+         record("2", "Yes") + lines({"0", "0", "7", "5", "1", "2", "3", "4"}),
      [](ProjectFile& t) {
-         EXPECT_EQ((std::tuple{t.m.rows.lRowInclude[1], t.m.rows.lRowRect[1], t.m.fgResult.rowCount()}),
-                   std::tuple(0, std::array<std::int32_t, 4>{1, 2, 3, 4}, 3));
+         const RowStores& r = t.m.rows;
+         const std::array<std::int32_t, 4> rect{1, 2, 3, 4};  // read after the include line
+         EXPECT_EQ((std::tuple{r.lRowInclude[1], r.lRowInclude[2], r.lRowRect[1], r.lRowRect[2]}),
+                   std::tuple(0, 0, rect, rect));
      }},
     {"EndsBeforeTheImageRecordsPictureYetClicksRunsAndSaves", imageOff() + runSettings() + record("1", "Yes"),
      [](ProjectFile& t) {
