@@ -245,7 +245,6 @@ void ProjectReader::applyOverlays() {
             done = std::max(done, rows);
         }
     }
-    overlays_.clear();
 }
 
 // A size beyond the store ends the load at its first pixel past index 1000; the row

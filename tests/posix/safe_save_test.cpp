@@ -76,8 +76,8 @@ TEST_F(SafeSave, ConcurrentSavesEachLeaveAWholeFileAndClearOnlyStaleTemporaries)
     put(dir / "setup.tpl.saving", "the user's own");
     put(dir / ".setup.tpl.0123456789abcdef.saving", "cut off long ago");
     put(dir / ".setup.tpl.fedcba9876543210.saving", "another save in progress");
-    fs::last_write_time(dir / ".setup.tpl.0123456789abcdef.saving",
-                        fs::file_time_type::clock::now() - std::chrono::minutes(90));
+    for (const char* old : {"setup.tpl.saving", ".setup.tpl.0123456789abcdef.saving"})
+        fs::last_write_time(dir / old, fs::file_time_type::clock::now() - std::chrono::minutes(90));
     const std::string first(3 << 20, 'a'), second(3 << 20, 'b');
     for (int round = 0; round < 5; ++round) {
         std::thread other([&] { save(second, file); });
