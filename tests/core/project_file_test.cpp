@@ -333,6 +333,10 @@ const LoadCase kLoads[] = {
      imageOff() + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + std::string((16 << 20) - 3, 'b') + "\r\n" +
          runSettings().substr(24),
      [](ProjectFile& t) { EXPECT_EQ(t.w.text(C::txtText).size(), std::size_t{16} << 20); }},
+    {"ACrLfOneBeyondTheLongestLineLeavesTheTextAtItsLoneLf",
+     imageOff() + "False\r\nTrue\r\nTrue\r\n1\r\na\n" + std::string((16 << 20) - 2, 'b') + "\r\n" +
+         runSettings().substr(24),
+     [](ProjectFile& t) { EXPECT_EQ(t.w.text(C::txtText), "a"); }},
     {"TheLastLineNeedsNoEndEvenAfterMebibytesOfLoneLfLines",
      imageOff() + runSettings() +
          lines({"1", "1", "1", "Custom", "0:3:0", "Click", "1", "Yes", std::string(9 << 20, 'x').c_str(), "No", "True"},
