@@ -375,6 +375,7 @@ INSTANTIATE_TEST_SUITE_P(Files, ProjectLoad, ::testing::ValuesIn(kLoads),
 
 TEST_F(ProjectFile, CancelOrAMissingFileEmptiesTheListTheBoxAndTheEntriesStores) {
     w.addAt("7", 100);
+    w.frm.Form_Paint();  // the box shows the entry's picture
     w.frm.cmdLoad_Click();  // the dialog is cancelled
     EXPECT_FALSE(m.vFirstRowUsed);
     EXPECT_EQ(m.fgResult.cell(1, colX), "");
