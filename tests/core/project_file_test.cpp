@@ -292,6 +292,7 @@ const LoadCase kLoads[] = {
          const std::array<std::int32_t, 4> rect{1, 2, 3, 4};  // read after the include line
          EXPECT_EQ((std::tuple{r.lRowInclude[1], r.lRowInclude[2], r.lRowRect[1], r.lRowRect[2]}),
                    std::tuple(0, 0, rect, rect));
+         EXPECT_EQ(t.m.picture.pixel(0, 0), 7) << "a one-pixel row picture lies over the picture too";
      }},
     {"EndsBeforeTheImageRecordsPictureYetClicksRunsAndSaves", imageOff() + runSettings() + record("1", "Yes"),
      [](ProjectFile& t) {
